@@ -1,0 +1,8 @@
+#!/usr/bin/env bash
+# Builds Toldex and starts it on its embedded store (TOLDEX.db beside the program).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/instalar-dependencias.sh
+cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=Release -DTOLDEX_TESTS=OFF
+cmake --build build -j"$(nproc)" --target toldex
+exec build/toldex "$@"

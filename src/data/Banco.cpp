@@ -1,0 +1,272 @@
+#include "data/Banco.h"
+
+#include <QAtomicInt>
+#include <QDir>
+#include <QSqlError>
+#include <QSqlRecord>
+
+#include "data/BancoPostgres.h"
+#include "data/BancoSqlite.h"
+#include "data/Conexoes.h"
+#include "data/Transacao.h"
+
+QString ConfigBanco::arquivoSqlite() const
+{
+    return QDir(pasta).filePath(NomeArquivoBanco);
+}
+
+QString ConfigBanco::descricao() const
+{
+    if (motor == Motor::SQLite)
+        return arquivoSqlite();
+    return QStringLiteral("%1@%2:%3").arg(nomeBanco, host.isEmpty() ? QStringLiteral("localhost") : host).arg(porta);
+}
+
+QString mensagemDeErro(const QString& d)
+{
+    const QString t = d.toLower();
+    if (t.contains(QLatin1String("readonly")) || t.contains(QLatin1String("read-only")))
+        return QStringLiteral("O banco de dados está somente para leitura: verifique as permissões do arquivo.");
+    if (t.contains(QLatin1String("locked")) || t.contains(QLatin1String("busy")))
+        return QStringLiteral("O banco de dados está em uso por outra estação; tente novamente em instantes.");
+    if (t.contains(QLatin1String("disk i/o")) || t.contains(QLatin1String("unable to open")))
+        return QStringLiteral("Houve uma perda na comunicação ao banco de dados.");
+    if (t.contains(QLatin1String("connection")) || t.contains(QLatin1String("server closed")))
+        return QStringLiteral("Houve uma perda na comunicação ao banco de dados.");
+    if (t.contains(QLatin1String("not a database")) || t.contains(QLatin1String("malformed")))
+        return QStringLiteral("O arquivo do banco de dados está danificado ou não é um banco de dados do Toldex.");
+    if (t.contains(QLatin1String("full")))
+        return QStringLiteral("Não há espaço no disco para gravar no banco de dados.");
+    return QStringLiteral("Erro no banco de dados.");
+}
+
+std::unique_ptr<Banco> Banco::abrir(const ConfigBanco& config)
+{
+    std::unique_ptr<Banco> b;
+    if (config.motor == Motor::SQLite)
+        b.reset(new BancoSqlite(config));
+    else
+        b.reset(new BancoPostgres(config));
+    b->abrirConexao();
+    return b;
+}
+
+Banco::Banco(ConfigBanco config) : m_config(std::move(config))
+{
+    static QAtomicInt contador;
+    m_nomeConexao = QStringLiteral("toldex_%1").arg(contador.fetchAndAddRelaxed(1));
+    Conexoes::registrar(this);
+}
+
+Banco::~Banco()
+{
+    Conexoes::esquecer(this);
+    fechar();
+    m_db = QSqlDatabase();
+    QSqlDatabase::removeDatabase(m_nomeConexao);
+}
+
+void Banco::abrirConexao()
+{
+    configurarDriver();
+    if (!m_db.open()) {
+        const QString detalhe = m_db.lastError().text();
+        m_db.close();
+        throw traduzErroAbertura(detalhe);
+    }
+    try {
+        aposAbrir();
+    } catch (const ErroBanco& e) {
+        m_db.close();
+        throw ErroConexao(e.mensagem(), e.detalhe());
+    }
+}
+
+ErroConexao Banco::traduzErroAbertura(const QString& detalhe) const
+{
+    return ErroConexao(QStringLiteral("Atenção,Banco de dados não localizado... (%1)").arg(m_config.descricao()), detalhe);
+}
+
+void Banco::fechar()
+{
+    if (m_db.isValid() && m_db.isOpen())
+        m_db.close();
+    m_profundidade = 0;
+}
+
+void Banco::reabrir()
+{
+    fechar();
+    abrirConexao();
+}
+
+QSqlQuery Banco::executar(const QString& sql, const QVariantList& valores)
+{
+    QSqlQuery q(m_db);
+    q.setForwardOnly(true);
+    if (valores.isEmpty()) {
+        // Statements without values (DDL, SET, BEGIN) run as they are: some engines can't
+        // prepare them.
+        if (!q.exec(sql)) {
+            const QString d = q.lastError().text();
+            throw ErroBanco(mensagemDeErro(d), d);
+        }
+        return q;
+    }
+    if (!q.prepare(sql)) {
+        const QString d = q.lastError().text();
+        throw ErroBanco(mensagemDeErro(d), d);
+    }
+    for (int i = 0; i < valores.size(); ++i)
+        q.bindValue(i, valores.at(i));
+    if (!q.exec()) {
+        const QString d = q.lastError().text();
+        throw ErroBanco(mensagemDeErro(d), d);
+    }
+    return q;
+}
+
+QVariant Banco::escalar(const QString& sql, const QVariantList& valores)
+{
+    QSqlQuery q = executar(sql, valores);
+    if (q.next())
+        return q.value(0);
+    return {};
+}
+
+qint64 Banco::inserir(const DefTabela& tabela, const QStringList& colunas, const QVariantList& valores)
+{
+    QStringList marcas;
+    for (int i = 0; i < colunas.size(); ++i)
+        marcas << QStringLiteral("?");
+    const QString sql = colunas.isEmpty()
+        ? QStringLiteral("INSERT INTO %1 DEFAULT VALUES RETURNING %2").arg(tabela.nome, tabela.chave)
+        : QStringLiteral("INSERT INTO %1 (%2) VALUES (%3) RETURNING %4")
+              .arg(tabela.nome, colunas.join(QLatin1Char(',')), marcas.join(QLatin1Char(',')), tabela.chave);
+    QSqlQuery q = executar(sql, valores);
+    if (!q.next())
+        throw ErroBanco(QStringLiteral("Erro ao gravar formulário,"),
+                        QStringLiteral("O banco não devolveu a chave do registro novo."));
+    return q.value(0).toLongLong();
+}
+
+void Banco::criarTabela(const DefTabela& t)
+{
+    QStringList defs;
+    for (const DefColuna& c : t.colunas) {
+        defs << ddlColuna(c);
+        if (c.buscavel())
+            defs << QStringLiteral("%1 TEXT %2").arg(c.nomeDobrado(), expressaoDobrada(c));
+    }
+    executar(QStringLiteral("CREATE TABLE %1 (%2)").arg(t.nome, defs.join(QStringLiteral(", "))));
+}
+
+void Banco::criarIndices(const DefTabela& t)
+{
+    for (const DefColuna& c : t.colunas) {
+        if (c.indice && c.nome != t.chave)
+            executar(QStringLiteral("CREATE %1INDEX IF NOT EXISTS %2_%3 ON %2 (%3)")
+                         .arg(c.unico ? QStringLiteral("UNIQUE ") : QString(), t.nome, c.nome));
+        if (c.buscavel())
+            executar(QStringLiteral("CREATE INDEX IF NOT EXISTS %1_%2 ON %1 (%2)").arg(t.nome, c.nomeDobrado()));
+    }
+    for (const QStringList& composto : t.indicesCompostos)
+        executar(QStringLiteral("CREATE INDEX IF NOT EXISTS %1_%2 ON %1 (%3)")
+                     .arg(t.nome, composto.join(QLatin1Char('_')), composto.join(QLatin1Char(','))));
+    if (t.nome == QLatin1String("OrdemServico")) {
+        // The orders still in the shop: every list of the pending panel reads only these,
+        // so the panel answers at once with a million closed orders behind it.
+        executar(QStringLiteral(
+            "CREATE INDEX IF NOT EXISTS OrdemServico_abertas ON OrdemServico "
+            "(Consertado, Orcamento, AguardaPeca, Devolver, Aprovado, Recusado, ChamadoTecnico, CodOs) "
+            "WHERE Saida = 0 AND Excluidos = 0"));
+    }
+    criarIndicesBusca(t);
+}
+
+void Banco::completarColunas(const DefTabela& t)
+{
+    const QStringList existentes = colunasExistentes(t.nome);
+    auto existe = [&](const QString& nome) {
+        for (const QString& e : existentes)
+            if (e.compare(nome, Qt::CaseInsensitive) == 0)
+                return true;
+        return false;
+    };
+    for (const DefColuna& c : t.colunas) {
+        if (!existe(c.nome))
+            executar(QStringLiteral("ALTER TABLE %1 ADD COLUMN %2").arg(t.nome, ddlColuna(c)));
+        if (c.buscavel() && !existe(c.nomeDobrado()))
+            executar(QStringLiteral("ALTER TABLE %1 ADD COLUMN %2 TEXT %3")
+                         .arg(t.nome, c.nomeDobrado(), expressaoDobrada(c)));
+    }
+}
+
+namespace {
+
+void inserirEmpresaPadrao(Banco& b)
+{
+    const DefTabela* t = Esquema::tabela(QStringLiteral("Empresa"));
+    // The defaults a new shop starts with: those that the configuration screen writes for
+    // empty fields, the header lines printed, and the flags that an unset column meant.
+    const QStringList colunas = {
+        "DiaAviso", "DefineMenu", "CodOs", "CodOsfabrica", "PastaImagem",
+        "NomeTamanho", "EnderecoTamanho", "SiteTamanho", "SacTamanho", "SuporteTamanho",
+        "VendasTamanho", "CpfCnpjTamanho", "ImpriNome", "ImpriEndereco", "ImpriSite",
+        "ImpriSAC", "ImpriSuporte", "ImpriVendas", "ImpriCPFCNPJ", "NomeNegrito",
+        "AtivaOs", "AtivaDef", "AtivaSer", "DadoNota", "Menuusuario"};
+    const QVariantList valores = {
+        3, QStringLiteral("04-Ordem serviço"), 0, 0, QStringLiteral("Toldex\\Imagem"),
+        12, 10, 10, 10, 10, 10, 8, -1, -1, -1, -1, -1, -1, -1, -1,
+        -1, -1, -1, -1, -1};
+    b.inserir(*t, colunas, valores);
+}
+
+} // namespace
+
+int Banco::garantirEsquema()
+{
+    int passos = 0;
+    if (!tabelaExiste(QStringLiteral("VersaoEsquema"))) {
+        Transacao tr(*this);
+        prepararEsquema();
+        for (const DefTabela& t : Esquema::tabelas()) {
+            criarTabela(t);
+            criarIndices(t);
+        }
+        inserirEmpresaPadrao(*this);
+        executar(QStringLiteral("INSERT INTO VersaoEsquema (Versao) VALUES (?)"), {Esquema::versaoAtual()});
+        tr.commit();
+        return 1;
+    }
+    const int versao = escalar(QStringLiteral("SELECT MAX(Versao) FROM VersaoEsquema")).toInt();
+    if (versao > Esquema::versaoAtual())
+        throw ErroBanco(QStringLiteral("O banco de dados é de uma versão mais nova do programa; atualize o Toldex."));
+    // Older stores: every table and column that this version reads is added, one table per
+    // transaction, so a store from an older version opens instead of failing at login.
+    for (const DefTabela& t : Esquema::tabelas()) {
+        Transacao tr(*this);
+        const int antes = colunasExistentes(t.nome).size();
+        if (!tabelaExiste(t.nome))
+            criarTabela(t);
+        else
+            completarColunas(t);
+        criarIndices(t);
+        if (colunasExistentes(t.nome).size() != antes)
+            ++passos;
+        tr.commit();
+    }
+    if (escalar(QStringLiteral("SELECT COUNT(*) FROM Empresa")).toInt() == 0) {
+        Transacao tr(*this);
+        inserirEmpresaPadrao(*this);
+        tr.commit();
+        ++passos;
+    }
+    if (versao < Esquema::versaoAtual()) {
+        Transacao tr(*this);
+        executar(QStringLiteral("INSERT INTO VersaoEsquema (Versao) VALUES (?)"), {Esquema::versaoAtual()});
+        tr.commit();
+        ++passos;
+    }
+    return passos;
+}

@@ -1,0 +1,76 @@
+#pragma once
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QString>
+#include <QVariant>
+#include <memory>
+
+#include "data/ConfigBanco.h"
+#include "data/ErroBanco.h"
+#include "data/Esquema.h"
+
+// One open connection to the store. Every difference between the engines (types, the
+// folded search columns, trigram indexes, how a write transaction starts) lives in the
+// two subclasses; nothing outside them speaks a dialect.
+class Banco {
+public:
+    // Opens a connection; throws ErroConexao with a message in Portuguese.
+    static std::unique_ptr<Banco> abrir(const ConfigBanco& config);
+    virtual ~Banco();
+
+    Motor motor() const { return m_config.motor; }
+    const ConfigBanco& config() const { return m_config; }
+    QSqlDatabase& db() { return m_db; }
+    bool aberto() const { return m_db.isOpen(); }
+
+    void fechar();
+    void reabrir();  // throws ErroConexao
+
+    // Runs one statement with bound values and checks its result; throws ErroBanco with the
+    // engine's text. `?` are the placeholders.
+    QSqlQuery executar(const QString& sql, const QVariantList& valores = {});
+    // The first column of the first row, or an invalid value.
+    QVariant escalar(const QString& sql, const QVariantList& valores = {});
+
+    // Creates a new store's tables, or brings an older one up to date. Each step runs in
+    // its own transaction. Returns the number of steps applied.
+    int garantirEsquema();
+
+    // INSERT of one row, returning the value of the table's primary key.
+    qint64 inserir(const DefTabela& tabela, const QStringList& colunas, const QVariantList& valores);
+
+    // Dialect.
+    virtual QString ddlColuna(const DefColuna& c) const = 0;
+    virtual QString expressaoDobrada(const DefColuna& c) const = 0;
+    virtual QString comandoInicioEscrita() const = 0;
+    // A condition true for rows whose folded column `col` matches the bound LIKE pattern
+    // (no escape characters in it), answered through the trigram index.
+    virtual QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const = 0;
+    QString textoDe(const QString& expressao) const { return QStringLiteral("CAST(%1 AS TEXT)").arg(expressao); }
+
+    // Nested transactions join the outer one (see Transacao).
+    int& profundidadeTransacao() { return m_profundidade; }
+
+protected:
+    explicit Banco(ConfigBanco config);
+    virtual void configurarDriver() = 0;
+    virtual void aposAbrir() = 0;
+    virtual QStringList colunasExistentes(const QString& tabela) = 0;
+    virtual bool tabelaExiste(const QString& tabela) = 0;
+    virtual void criarIndicesBusca(const DefTabela& t) = 0;
+    virtual void prepararEsquema() {}
+    virtual ErroConexao traduzErroAbertura(const QString& detalhe) const;
+
+    void abrirConexao();
+    void criarTabela(const DefTabela& t);
+    void criarIndices(const DefTabela& t);
+    void completarColunas(const DefTabela& t);
+
+    ConfigBanco m_config;
+    QSqlDatabase m_db;
+    QString m_nomeConexao;
+    int m_profundidade = 0;
+};
+
+// Turns an engine error text into the message a shop's staff can act on.
+QString mensagemDeErro(const QString& detalheMotor);

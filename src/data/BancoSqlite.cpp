@@ -1,0 +1,142 @@
+#include "data/BancoSqlite.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSqlDriver>
+#include <QSqlRecord>
+
+#include "data/Texto.h"
+
+#include <sqlite3.h>
+
+namespace {
+
+QString tipoSql(const DefColuna& c)
+{
+    switch (c.tipo) {
+    case TipoColuna::AutoNumero: return QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT");
+    case TipoColuna::Inteiro: return QStringLiteral("INTEGER");
+    case TipoColuna::Flag: return QStringLiteral("INTEGER NOT NULL DEFAULT 0 CHECK (%1 IN (-1, 0))").arg(c.nome);
+    case TipoColuna::FlagNula: return QStringLiteral("INTEGER CHECK (%1 IN (-1, 0))").arg(c.nome);
+    case TipoColuna::Dinheiro:
+    case TipoColuna::Quantidade: return QStringLiteral("INTEGER NOT NULL DEFAULT 0");
+    case TipoColuna::Texto:
+    case TipoColuna::Data:
+    case TipoColuna::Hora: return QStringLiteral("TEXT NOT NULL DEFAULT ''");
+    }
+    return QStringLiteral("TEXT");
+}
+
+} // namespace
+
+QString BancoSqlite::ddlColuna(const DefColuna& c) const
+{
+    return c.nome + QLatin1Char(' ') + tipoSql(c);
+}
+
+QString BancoSqlite::expressaoDobrada(const DefColuna& c) const
+{
+    // SQLite's upper() folds ASCII only, which is what we want; accents go first through
+    // a chain of replace() calls, the same letters as Texto::dobra.
+    // toldex_dobra is Texto::dobra itself, registered on every connection we open.
+    const QString e = c.tipo == TipoColuna::Texto || c.tipo == TipoColuna::Data || c.tipo == TipoColuna::Hora
+        ? QStringLiteral("COALESCE(%1, '')").arg(c.nome)
+        : QStringLiteral("COALESCE(CAST(%1 AS TEXT), '')").arg(c.nome);
+    return QStringLiteral("GENERATED ALWAYS AS (toldex_dobra(%1)) VIRTUAL").arg(e);
+}
+
+QString BancoSqlite::condicaoTrigrama(const DefTabela& t, const DefColuna& c) const
+{
+    return QStringLiteral("%1 IN (SELECT rowid FROM %2 WHERE %3 LIKE ?)")
+        .arg(t.chave, t.nomeTrigrama(), c.nomeDobrado());
+}
+
+void BancoSqlite::configurarDriver()
+{
+    m_db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_nomeConexao);
+    const QString arquivo = m_config.arquivoSqlite();
+    const QFileInfo pasta(m_config.pasta);
+    if (m_config.pasta.isEmpty() || !pasta.isDir())
+        throw ErroConexao(QStringLiteral("Atenção,Banco de dados não localizado... A pasta \"%1\" não existe.")
+                              .arg(m_config.pasta));
+    if (!QFileInfo::exists(arquivo) && !m_config.criarSeNaoExistir)
+        throw ErroConexao(QStringLiteral("Atenção,Banco de dados não localizado... O arquivo %1 não existe.")
+                              .arg(QDir::toNativeSeparators(arquivo)));
+    if (!QFileInfo::exists(arquivo) && !QFileInfo(m_config.pasta).isWritable())
+        throw ErroConexao(QStringLiteral("Não é possível criar o banco de dados: a pasta \"%1\" não permite gravação.")
+                              .arg(m_config.pasta));
+    m_db.setDatabaseName(arquivo);
+    m_db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=15000"));
+}
+
+namespace {
+
+void dobraSql(sqlite3_context* ctx, int, sqlite3_value** argv)
+{
+    if (sqlite3_value_type(argv[0]) == SQLITE_NULL) {
+        sqlite3_result_text(ctx, "", 0, SQLITE_STATIC);
+        return;
+    }
+    const auto* txt = reinterpret_cast<const char*>(sqlite3_value_text(argv[0]));
+    const QByteArray r = Texto::dobra(QString::fromUtf8(txt, sqlite3_value_bytes(argv[0]))).toUtf8();
+    sqlite3_result_text(ctx, r.constData(), int(r.size()), SQLITE_TRANSIENT);
+}
+
+} // namespace
+
+void BancoSqlite::aposAbrir()
+{
+    auto* handle = *static_cast<sqlite3**>(m_db.driver()->handle().data());
+    if (!handle || sqlite3_create_function_v2(handle, "toldex_dobra", 1,
+                                              SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr,
+                                              dobraSql, nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw ErroBanco(QStringLiteral("Erro no banco de dados."), QStringLiteral("Função de busca não registrada."));
+    // A file that isn't a database only fails on the first read.
+    executar(QStringLiteral("PRAGMA foreign_keys = OFF"));
+    QSqlQuery q = executar(QStringLiteral("PRAGMA journal_mode = WAL"));
+    executar(QStringLiteral("PRAGMA synchronous = NORMAL"));
+    executar(QStringLiteral("SELECT COUNT(*) FROM sqlite_master"));
+}
+
+QStringList BancoSqlite::colunasExistentes(const QString& tabela)
+{
+    QStringList r;
+    QSqlQuery q = executar(QStringLiteral("SELECT name FROM pragma_table_xinfo(?)"), {tabela});
+    while (q.next())
+        r << q.value(0).toString();
+    return r;
+}
+
+bool BancoSqlite::tabelaExiste(const QString& tabela)
+{
+    return escalar(QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type IN ('table','view') "
+                                  "AND lower(name) = lower(?)"), {tabela}).toInt() > 0;
+}
+
+void BancoSqlite::criarIndicesBusca(const DefTabela& t)
+{
+    if (!t.temColunasMeio() || tabelaExiste(t.nomeTrigrama()))
+        return;
+    // A trigram index over the folded copies answers "text in the middle" searches; it
+    // reads its text from the table itself and triggers keep it in step.
+    QStringList cols, novos, velhos, fontes;
+    for (const DefColuna& c : t.colunas)
+        if (c.meio) {
+            cols << c.nomeDobrado();
+            novos << QStringLiteral("new.") + c.nomeDobrado();
+            velhos << QStringLiteral("old.") + c.nomeDobrado();
+            fontes << c.nome;
+        }
+    const QString lista = cols.join(QLatin1Char(','));
+    executar(QStringLiteral("CREATE VIRTUAL TABLE %1 USING fts5(%2, content='%3', content_rowid='%4', tokenize='trigram')")
+                 .arg(t.nomeTrigrama(), lista, t.nome, t.chave));
+    const QString insere = QStringLiteral("INSERT INTO %1(rowid, %2) VALUES (new.%3, %4);")
+                               .arg(t.nomeTrigrama(), lista, t.chave, novos.join(QLatin1Char(',')));
+    const QString apaga = QStringLiteral("INSERT INTO %1(%1, rowid, %2) VALUES ('delete', old.%3, %4);")
+                              .arg(t.nomeTrigrama(), lista, t.chave, velhos.join(QLatin1Char(',')));
+    executar(QStringLiteral("CREATE TRIGGER %1_ai AFTER INSERT ON %2 BEGIN %3 END").arg(t.nomeTrigrama(), t.nome, insere));
+    executar(QStringLiteral("CREATE TRIGGER %1_ad AFTER DELETE ON %2 BEGIN %3 END").arg(t.nomeTrigrama(), t.nome, apaga));
+    executar(QStringLiteral("CREATE TRIGGER %1_au AFTER UPDATE OF %2 ON %3 BEGIN %4 %5 END")
+                 .arg(t.nomeTrigrama(), fontes.join(QLatin1Char(',')), t.nome, apaga, insere));
+    executar(QStringLiteral("INSERT INTO %1(%1) VALUES ('rebuild')").arg(t.nomeTrigrama()));
+}

@@ -1,0 +1,22 @@
+#pragma once
+#include "data/Banco.h"
+
+// The embedded store: one file TOLDEX.db in the folder CaminhoBanco names, WAL journal
+// so that readers never wait for a writer, and a busy timeout so that a second station
+// waits its turn instead of failing.
+class BancoSqlite : public Banco {
+public:
+    explicit BancoSqlite(ConfigBanco c) : Banco(std::move(c)) {}
+
+    QString ddlColuna(const DefColuna& c) const override;
+    QString expressaoDobrada(const DefColuna& c) const override;
+    QString comandoInicioEscrita() const override { return QStringLiteral("BEGIN IMMEDIATE"); }
+    QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const override;
+
+protected:
+    void configurarDriver() override;
+    void aposAbrir() override;
+    QStringList colunasExistentes(const QString& tabela) override;
+    bool tabelaExiste(const QString& tabela) override;
+    void criarIndicesBusca(const DefTabela& t) override;
+};

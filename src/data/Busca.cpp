@@ -1,0 +1,156 @@
+#include "data/Busca.h"
+
+#include <QMap>
+
+#include "data/Banco.h"
+#include "data/Esquema.h"
+#include "data/Texto.h"
+
+Condicao Condicao::e(const Condicao& outra) const
+{
+    if (sql.isEmpty())
+        return outra;
+    if (outra.sql.isEmpty())
+        return *this;
+    return {QStringLiteral("(%1) AND (%2)").arg(sql, outra.sql), valores + outra.valores};
+}
+
+namespace Busca {
+
+namespace {
+
+const DefColuna& colunaBuscavel(const QString& tabela, const QString& coluna, const DefTabela** t)
+{
+    *t = Esquema::tabela(tabela);
+    if (!*t)
+        throw ErroBanco(QStringLiteral("Tabela desconhecida: %1").arg(tabela));
+    const DefColuna* c = (*t)->coluna(coluna);
+    if (!c || !c->buscavel())
+        throw ErroBanco(QStringLiteral("A coluna %1 de %2 não tem índice de busca.").arg(coluna, tabela));
+    return *c;
+}
+
+bool temCuringa(const QString& s)
+{
+    return s.contains(QLatin1Char('%')) || s.contains(QLatin1Char('_'));
+}
+
+QString limiteSuperior(const QString& prefixo)
+{
+    // Above every text that begins with the prefix, in byte order (the folded columns
+    // compare as bytes on both engines).
+    const char32_t maior = 0x10FFFF;
+    return prefixo + QString::fromUcs4(&maior, 1);
+}
+
+} // namespace
+
+QString escapaLike(const QString& texto, bool manterCuringas)
+{
+    QString r;
+    for (QChar c : texto) {
+        if (c == QLatin1Char('\\') || (!manterCuringas && (c == QLatin1Char('%') || c == QLatin1Char('_'))))
+            r += QLatin1Char('\\');
+        r += c;
+    }
+    return r;
+}
+
+Condicao porTexto(Banco& banco, const QString& tabela, const QString& coluna, const QString& digitado, bool meio)
+{
+    const DefTabela* t = nullptr;
+    const DefColuna& c = colunaBuscavel(tabela, coluna, &t);
+    const QString d = Texto::dobra(digitado);
+    const QString col = c.nomeDobrado();
+    if (d.isEmpty())
+        return {};
+    if (!temCuringa(d) && !meio)
+        return {QStringLiteral("%1 >= ? AND %1 < ?").arg(col), {d, limiteSuperior(d)}};
+    if (!temCuringa(d) && !d.contains(QLatin1Char('\\')) && c.meio && d.size() >= 3)
+        return {banco.condicaoTrigrama(*t, c), {QStringLiteral("%") + d + QStringLiteral("%")}};
+    const QString padrao = (meio ? QStringLiteral("%") : QString()) + escapaLike(d, true) + QStringLiteral("%");
+    return {QStringLiteral("%1 LIKE ? ESCAPE '\\'").arg(col), {padrao}};
+}
+
+Condicao porColuna(Banco& banco, const QString& tabela, const QString& coluna, const QString& digitado, bool meio)
+{
+    const DefTabela* t = nullptr;
+    const DefColuna& c = colunaBuscavel(tabela, coluna, &t);
+    const QString d = Texto::dobra(digitado);
+    const QString col = c.nomeDobrado();
+    const QString inicio = meio ? QStringLiteral("%") : QString();
+
+    if (temCuringa(d)) {
+        // The typed text is itself a pattern: match the joined text the classic way.
+        const QString padrao = inicio + escapaLike(d, true) + QStringLiteral("%%0%");
+        return {QStringLiteral("(%1 || %2) LIKE ? ESCAPE '\\'").arg(col, banco.textoDe(QStringLiteral("Excluidos"))),
+                {padrao}};
+    }
+
+    // Live rows: the trailing "0" of Excluidos always stands behind the column's text.
+    Condicao vivos = soVivos();
+    if (!d.isEmpty())
+        vivos = vivos.e(porTexto(banco, tabela, coluna, digitado, meio));
+    // Deleted rows: a "0" must stand in the column itself behind the typed text.
+    const QString padraoExcluidos = inicio + escapaLike(d, false) + QStringLiteral("%0%");
+    const Condicao excluidos{QStringLiteral("Excluidos = -1 AND %1 LIKE ? ESCAPE '\\'").arg(col), {padraoExcluidos}};
+    return {QStringLiteral("(%1) OR (%2)").arg(vivos.sql, excluidos.sql), vivos.valores + excluidos.valores};
+}
+
+Condicao porEstado(const QStringList& colunas, const QList<int>& valores, bool envolver)
+{
+    Q_ASSERT(colunas.size() == valores.size());
+    QString alvo;
+    for (int v : valores)
+        alvo += QString::number(v);
+    const QString padrao = envolver ? QStringLiteral("%") + alvo + QStringLiteral("%") : alvo;
+
+    // Every combination of -1/0 over the columns whose joined text matches the pattern.
+    const int n = colunas.size();
+    QList<QList<int>> combinacoes;
+    for (int m = 0; m < (1 << n); ++m) {
+        QList<int> comb;
+        QString texto;
+        for (int i = 0; i < n; ++i) {
+            const int v = (m >> (n - 1 - i)) & 1 ? -1 : 0;
+            comb << v;
+            texto += QString::number(v);
+        }
+        if (Texto::like(texto, padrao))
+            combinacoes << comb;
+    }
+    if (combinacoes.isEmpty())
+        return {QStringLiteral("1 = 0"), {}};
+
+    // Columns that hold one value in every match become plain terms, so that an index
+    // (the partial index of open orders among them) serves the query.
+    QStringList fixos;
+    QList<int> livres;
+    for (int i = 0; i < n; ++i) {
+        bool igual = true;
+        for (const auto& comb : combinacoes)
+            igual = igual && comb.at(i) == combinacoes.first().at(i);
+        if (igual)
+            fixos << QStringLiteral("%1 = %2").arg(colunas.at(i)).arg(combinacoes.first().at(i));
+        else
+            livres << i;
+    }
+    if (!livres.isEmpty() && combinacoes.size() < (1 << livres.size())) {
+        QStringList alternativas;
+        for (const auto& comb : combinacoes) {
+            QStringList termos;
+            for (int i : livres)
+                termos << QStringLiteral("%1 = %2").arg(colunas.at(i)).arg(comb.at(i));
+            alternativas << QLatin1Char('(') + termos.join(QStringLiteral(" AND ")) + QLatin1Char(')');
+        }
+        fixos << QLatin1Char('(') + alternativas.join(QStringLiteral(" OR ")) + QLatin1Char(')');
+    }
+    if (fixos.isEmpty())
+        return {QStringLiteral("1 = 1"), {}};
+    return {fixos.join(QStringLiteral(" AND ")), {}};
+}
+
+Condicao soVivos() { return porEstado({QStringLiteral("Excluidos")}, {0}); }
+Condicao soExcluidos() { return porEstado({QStringLiteral("Excluidos")}, {-1}); }
+
+}
