@@ -173,6 +173,11 @@ void Banco::criarIndices(const DefTabela& t)
     for (const QStringList& composto : t.indicesCompostos)
         executar(QStringLiteral("CREATE INDEX IF NOT EXISTS %1_%2 ON %1 (%3)")
                      .arg(t.nome, composto.join(QLatin1Char('_')), composto.join(QLatin1Char(','))));
+    if (t.coluna(QStringLiteral("Excluidos")) && t.coluna(QStringLiteral("Excluidos"))->tipo == TipoColuna::Flag)
+        // The bin is small beside the live rows: searches that show deleted rows read it
+        // through this index alone.
+        executar(QStringLiteral("CREATE INDEX IF NOT EXISTS %1_excluidos ON %1 (%2) WHERE Excluidos = -1")
+                     .arg(t.nome, t.chave));
     if (t.nome == QLatin1String("OrdemServico")) {
         // The orders still in the shop: every list of the pending panel reads only these,
         // so the panel answers at once with a million closed orders behind it.

@@ -70,13 +70,11 @@ QList<DefTabela> monta()
     t << tabela("Cliente", "Chave",
         "CodCliente:I:PMX NomeCliente:T:PM Endereco Numero Complemento Bairro Cep Cidade Estado "
         "Telefone:T:PM TelFax:T:PM Celular:T:PM CnpjCpf:T:PMX RGIE Email SiteBlog Observacao "
-        "DataCadastro:Dt:X BloqCliente:F Alterado Excluidos:F",
-        {{"Excluidos", "CodCliente"}});
+        "DataCadastro:Dt:X BloqCliente:F Alterado Excluidos:F");
 
     t << tabela("Fornecedor", "Chave",
         "CodFornecedor:I:X NomeEmpresa:T:PX NomeRevendedor NomeVendedor Endereco CnpjCpf IE Celular TelFax "
-        "Site EmailSac TelSAC EmailSuporte TelSuporte EmailVendas TelVendas Produto Observacao Alterado Excluidos:F",
-        {{"Excluidos", "CodFornecedor"}});
+        "Site EmailSac TelSAC EmailSuporte TelSuporte EmailVendas TelVendas Produto Observacao Alterado Excluidos:F");
 
     t << tabela("OrdemServico", "CodOsAut",
         "CodOsAut:A CodOs:I:PMX CodFabrica CodCliente:T:PMX NomeCliente:T:P CpfCnpj:T:PM Endereco Ncasa Bairro "
@@ -87,8 +85,7 @@ QList<DefTabela> monta()
         "DefeitoReal Servicoreal ServicoExecutado StatusConserto MaoObra:D ValorVenda:D ValorPecas:D "
         "ValorDescontoPeca:D ValorPagar:D ValorDesconto:D ValorPago:D Pendurado:I Consertado:F "
         "Orcamento:F AguardaPeca:F Devolver:F Aprovado:F Recusado:F Contato:F Garantia:F Fabrica:F "
-        "ChamadoTecnico:F OrdemBloqueada:F Saida:F DtEntrega:F OsAlterado Excluidos:F",
-        {{"Excluidos", "CodOs"}});
+        "ChamadoTecnico:F OrdemBloqueada:F Saida:F DtEntrega:F OsAlterado Excluidos:F");
 
     t << tabela("SintomaOS", "Chave", "CodOs:I:X CodOsAut:I:X NomeOS CodDef DefeitoOS");
     t << tabela("ServicoOS", "Chave",
@@ -156,8 +153,7 @@ QList<DefTabela> monta()
         "QuantidadeReservada:Q Fabricante Revendedor NotaFiscal DataCompra PrecoCusto:D PrecoVenda:D "
         "PrecoMinimo:D PorcentagemLucro LucroMinimo ValorComissao AtivaComissao:F Observacao Categoria "
         "Aliquota DescricaoAliquota CodNCM GrupoProduto SubGrupoProduto Unidade FotoImagem KitProduto:F "
-        "Excluidos:F CodOriginal:T:PM Modulo ValorDesconto:D",
-        {{"Excluidos", "codpeca"}});
+        "Excluidos:F CodOriginal:T:PM Modulo ValorDesconto:D");
 
     t << tabela("kitVenda", "Chave",
         "CodKit:T:X codpeca Descricao Quantidade:Q ValorVenda:D ValorTotal:D Fornecedor");
