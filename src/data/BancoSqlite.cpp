@@ -66,7 +66,7 @@ void BancoSqlite::configurarDriver()
         throw ErroConexao(QStringLiteral("Não é possível criar o banco de dados: a pasta \"%1\" não permite gravação.")
                               .arg(m_config.pasta));
     m_db.setDatabaseName(arquivo);
-    m_db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=15000"));
+    m_db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(m_config.tempoEsperaMs));
 }
 
 namespace {

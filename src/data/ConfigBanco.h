@@ -14,6 +14,7 @@ struct ConfigBanco {
     QString nomeBanco = QStringLiteral("toldex");
     QString usuario;
     QString senha;
+    int tempoEsperaMs = 15000;       // how long a station waits for another's write
     bool criarSeNaoExistir = false;  // only on a first start: never replace a missing store
 
     QString arquivoSqlite() const;

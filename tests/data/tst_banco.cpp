@@ -133,6 +133,50 @@ private slots:
         QVERIFY_THROWS_EXCEPTION(ErroConexao, Banco::abrir(c));
     }
 
+    void bancoOcupadoESomenteLeitura()
+    {
+        QTemporaryDir dir;
+        ConfigBanco c;
+        c.pasta = dir.path();
+        c.criarSeNaoExistir = true;
+        c.tempoEsperaMs = 200;
+        auto a = Banco::abrir(c);
+        a->garantirEsquema();
+        auto b = Banco::abrir(c);
+        a->executar("INSERT INTO Contato (Nome) VALUES ('antes')");
+        {
+            Transacao ocupada(*a);
+            a->executar("INSERT INTO Contato (Nome) VALUES ('da outra estação')");
+            try {
+                Transacao tr(*b);
+                QFAIL("a segunda estação devia esperar e desistir");
+            } catch (const ErroBanco& e) {
+                QVERIFY2(e.mensagem().contains("em uso por outra estação"), qPrintable(e.textoCompleto()));
+            }
+            ocupada.commit();
+        }
+        b->executar("PRAGMA query_only = 1");
+        try {
+            b->executar("DELETE FROM Contato");
+            QFAIL("devia recusar a gravação");
+        } catch (const ErroBanco& e) {
+            QVERIFY2(e.mensagem().contains("somente para leitura"), qPrintable(e.textoCompleto()));
+        }
+        QCOMPARE(a->escalar("SELECT COUNT(*) FROM Contato").toInt(), 2);   // nothing written was lost
+    }
+
+    void textoEnorme_data() { linhasMotores(); }
+    void textoEnorme()
+    {
+        BANCO_DO_MOTOR(b);
+        Recordset rs(b.banco());
+        rs.abrir("OrdemServico");
+        rs.addNew();
+        rs.definir("Sintoma", QString(10000, QChar(0x00E7)));
+        rs.update();
+        QCOMPARE(b->escalar("SELECT Sintoma FROM OrdemServico").toString().size(), 10000);
+    }
+
     void arquivoQueNaoEBanco()
     {
         QTemporaryDir dir;
