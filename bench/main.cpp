@@ -1,7 +1,116 @@
+// Benchmark of the counter's searches at a shop's scale. It fills a store with synthetic
+// data (default 1,000,000 orders and 200,000 customers) and prints the median time of each
+// operation beside its target. Usage:
+//   toldex_bench [--ordens N] [--clientes N] [--abertas N] [--pasta DIR] [--postgres]
+// A store already filled in --pasta is reused.
+#include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QSysInfo>
+#include <QThread>
+#include <QTextStream>
+
+#include "Carga.h"
+#include "Medidor.h"
+#include "data/Banco.h"
+#include "data/Busca.h"
+#include "data/Numeracao.h"
+#include "data/Recordset.h"
+#include "data/Transacao.h"
+
+namespace {
+
+int conta(Banco& b, const QString& tabela, const Condicao& c)
+{
+    return b.escalar(QStringLiteral("SELECT COUNT(*) FROM %1 WHERE %2").arg(tabela, c.sql), c.valores).toInt();
+}
+
+void primeiras100(Banco& b, const QString& tabela, const Condicao& c, const QString& ordem)
+{
+    Recordset rs(b);
+    rs.abrir(tabela, c.sql, c.valores, ordem, 100);
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
+    QCommandLineParser p;
+    p.addOption({"ordens", "orders", "n", "1000000"});
+    p.addOption({"clientes", "customers", "n", "200000"});
+    p.addOption({"abertas", "orders still in the shop", "n", "10000"});
+    p.addOption({"pasta", "folder of the store", "dir", QDir::temp().filePath("toldex-bench")});
+    p.addOption({"postgres", "use the PostgreSQL of TOLDEX_PG_HOST/TOLDEX_PG_PORT"});
+    p.process(app);
+    const int ordens = p.value("ordens").toInt();
+    const int clientes = p.value("clientes").toInt();
+    const int abertas = p.value("abertas").toInt();
+
+    ConfigBanco c;
+    c.criarSeNaoExistir = true;
+    if (p.isSet("postgres")) {
+        c.motor = Motor::PostgreSQL;
+        c.host = qEnvironmentVariable("TOLDEX_PG_HOST");
+        c.porta = qEnvironmentVariableIntValue("TOLDEX_PG_PORT");
+        c.usuario = qEnvironmentVariable("TOLDEX_PG_USUARIO", "postgres");
+        c.nomeBanco = "toldex_bench";
+    } else {
+        QDir().mkpath(p.value("pasta"));
+        c.pasta = p.value("pasta");
+    }
+    QTextStream err(stderr);
+    try {
+        auto b = Banco::abrir(c);
+        b->garantirEsquema();
+        if (b->escalar("SELECT COUNT(*) FROM OrdemServico").toInt() != ordens) {
+            err << "Preenchendo " << c.descricao() << "...\n";
+            b->executar("DELETE FROM OrdemServico");
+            b->executar("DELETE FROM Cliente");
+            Carga::clientes(*b, clientes);
+            Carga::ordens(*b, ordens, abertas, clientes);
+            if (c.motor == Motor::SQLite)
+                b->executar("ANALYZE");
+            else
+                b->executar("ANALYZE");
+        }
+
+        QList<Medida> m;
+        m << mede("O.S: número pelo começo (\"1234\"), 100 primeiras", 20, [&] {
+            primeiras100(*b, "OrdemServico", Busca::porColuna(*b, "OrdemServico", "CodOs", "1234", false), "CodOs");
+        });
+        m << mede("O.S: telefone no meio (\"4567\"), 100 primeiras", 20, [&] {
+            primeiras100(*b, "OrdemServico", Busca::porColuna(*b, "OrdemServico", "Telefone", "4567", true), "CodOs");
+        });
+        m << mede("O.S: nome pelo começo (\"MARIA SOUZA\"), 100 primeiras", 20, [&] {
+            primeiras100(*b, "OrdemServico", Busca::porColuna(*b, "OrdemServico", "NomeCliente", "maria souza", false), "CodOs");
+        });
+        m << mede("Cliente: nome no meio (\"ARAUJO\"), 100 primeiras", 20, [&] {
+            primeiras100(*b, "Cliente", Busca::porColuna(*b, "Cliente", "NomeCliente", "araujo", true), "CodCliente");
+        });
+        m << mede("Cliente: telefone no meio (\"98765\"), 100 primeiras", 20, [&] {
+            primeiras100(*b, "Cliente", Busca::porColuna(*b, "Cliente", "Telefone", "98765", true), "CodCliente");
+        });
+        m << mede("Estado: contagem Recusado & Saida & Excluidos '%-100%'", 50, [&] {
+            conta(*b, "OrdemServico", Busca::porEstado({"Recusado", "Saida", "Excluidos"}, {-1, 0, 0}));
+        });
+        m << mede("Estado: contagem Aprovado & Consertado & Saida & Excluidos", 50, [&] {
+            conta(*b, "OrdemServico", Busca::porEstado({"Aprovado", "Consertado", "Saida", "Excluidos"}, {-1, -1, 0, 0}));
+        });
+        m << mede("Número novo de O.S (sem gravar)", 2, [&] {
+            Transacao tr(*b);
+            Numeracao::proximoCodigo(*b, "OrdemServico", "CodOs");
+        }, 21);
+
+        QTextStream out(stdout);
+        out << "Toldex " << TOLDEX_VERSAO << " — " << (c.motor == Motor::SQLite ? "SQLite" : "PostgreSQL") << ", "
+            << ordens << " ordens, " << clientes << " clientes, " << abertas << " abertas; "
+            << QSysInfo::prettyProductName() << ", " << QThread::idealThreadCount() << " núcleos\n\n";
+        imprime(m);
+    } catch (const ErroBanco& e) {
+        err << e.textoCompleto() << "\n";
+        return 1;
+    }
     return 0;
 }

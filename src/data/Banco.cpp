@@ -203,7 +203,7 @@ void Banco::completarColunas(const DefTabela& t)
             executar(QStringLiteral("ALTER TABLE %1 ADD COLUMN %2").arg(t.nome, ddlColuna(c)));
         if (c.buscavel() && !existe(c.nomeDobrado()))
             executar(QStringLiteral("ALTER TABLE %1 ADD COLUMN %2 TEXT %3")
-                         .arg(t.nome, c.nomeDobrado(), expressaoDobrada(c)));
+                         .arg(t.nome, c.nomeDobrado(), expressaoDobrada(c, false)));
     }
 }
 

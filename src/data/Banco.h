@@ -41,7 +41,9 @@ public:
 
     // Dialect.
     virtual QString ddlColuna(const DefColuna& c) const = 0;
-    virtual QString expressaoDobrada(const DefColuna& c) const = 0;
+    // `armazenada`: kept in the row (new tables) rather than computed on each read (a
+    // column added to an older store, which SQLite can only add that way).
+    virtual QString expressaoDobrada(const DefColuna& c, bool armazenada = true) const = 0;
     virtual QString comandoInicioEscrita() const = 0;
     // A condition true for rows whose folded column `col` matches the bound LIKE pattern
     // (no escape characters in it), answered through the trigram index.

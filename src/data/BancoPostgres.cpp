@@ -36,7 +36,7 @@ QString BancoPostgres::ddlColuna(const DefColuna& c) const
     return c.nome + QLatin1Char(' ') + tipoSql(c);
 }
 
-QString BancoPostgres::expressaoDobrada(const DefColuna& c) const
+QString BancoPostgres::expressaoDobrada(const DefColuna& c, bool) const
 {
     const QString fonte = c.tipo == TipoColuna::Texto || c.tipo == TipoColuna::Data || c.tipo == TipoColuna::Hora
         ? QStringLiteral("COALESCE(%1, '')").arg(c.nome)

@@ -34,7 +34,7 @@ QString BancoSqlite::ddlColuna(const DefColuna& c) const
     return c.nome + QLatin1Char(' ') + tipoSql(c);
 }
 
-QString BancoSqlite::expressaoDobrada(const DefColuna& c) const
+QString BancoSqlite::expressaoDobrada(const DefColuna& c, bool armazenada) const
 {
     // SQLite's upper() folds ASCII only, which is what we want; accents go first through
     // a chain of replace() calls, the same letters as Texto::dobra.
@@ -42,7 +42,8 @@ QString BancoSqlite::expressaoDobrada(const DefColuna& c) const
     const QString e = c.tipo == TipoColuna::Texto || c.tipo == TipoColuna::Data || c.tipo == TipoColuna::Hora
         ? QStringLiteral("COALESCE(%1, '')").arg(c.nome)
         : QStringLiteral("COALESCE(CAST(%1 AS TEXT), '')").arg(c.nome);
-    return QStringLiteral("GENERATED ALWAYS AS (toldex_dobra(%1)) VIRTUAL").arg(e);
+    return QStringLiteral("GENERATED ALWAYS AS (toldex_dobra(%1)) %2")
+        .arg(e, armazenada ? QStringLiteral("STORED") : QStringLiteral("VIRTUAL"));
 }
 
 QString BancoSqlite::condicaoTrigrama(const DefTabela& t, const DefColuna& c) const

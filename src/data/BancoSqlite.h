@@ -9,7 +9,7 @@ public:
     explicit BancoSqlite(ConfigBanco c) : Banco(std::move(c)) {}
 
     QString ddlColuna(const DefColuna& c) const override;
-    QString expressaoDobrada(const DefColuna& c) const override;
+    QString expressaoDobrada(const DefColuna& c, bool armazenada = true) const override;
     QString comandoInicioEscrita() const override { return QStringLiteral("BEGIN IMMEDIATE"); }
     QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const override;
 

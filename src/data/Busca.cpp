@@ -94,7 +94,11 @@ Condicao porColuna(Banco& banco, const QString& tabela, const QString& coluna, c
     // Deleted rows: a "0" must stand in the column itself behind the typed text.
     const QString padraoExcluidos = inicio + escapaLike(d, false) + QStringLiteral("%0%");
     const Condicao excluidos{QStringLiteral("Excluidos = -1 AND %1 LIKE ? ESCAPE '\\'").arg(col), {padraoExcluidos}};
-    return {QStringLiteral("(%1) OR (%2)").arg(vivos.sql, excluidos.sql), vivos.valores + excluidos.valores};
+    // Two index searches joined by key: an OR of the two would make the engine walk the
+    // whole table in the order of the list.
+    return {QStringLiteral("%1 IN (SELECT %1 FROM %2 WHERE %3 UNION ALL SELECT %1 FROM %2 WHERE %4)")
+                .arg(t->chave, t->nome, vivos.sql, excluidos.sql),
+            vivos.valores + excluidos.valores};
 }
 
 Condicao porEstado(const QStringList& colunas, const QList<int>& valores, bool envolver)
