@@ -97,6 +97,8 @@ void Banco::fechar()
 void Banco::reabrir()
 {
     fechar();
+    m_db = QSqlDatabase();
+    QSqlDatabase::removeDatabase(m_nomeConexao);
     abrirConexao();
 }
 
