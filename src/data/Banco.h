@@ -48,6 +48,8 @@ public:
     // A condition true for rows whose folded column `col` matches the bound LIKE pattern
     // (no escape characters in it), answered through the trigram index.
     virtual QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const = 0;
+    // The bound value for that condition, from the folded text sought.
+    virtual QString valorTrigrama(const QString& dobrado) const = 0;
     QString textoDe(const QString& expressao) const { return QStringLiteral("CAST(%1 AS TEXT)").arg(expressao); }
 
     // Nested transactions join the outer one (see Transacao).

@@ -12,6 +12,7 @@ public:
     QString expressaoDobrada(const DefColuna& c, bool armazenada = true) const override;
     QString comandoInicioEscrita() const override { return QStringLiteral("BEGIN"); }
     QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const override;
+    QString valorTrigrama(const QString& dobrado) const override { return QLatin1Char('%') + dobrado + QLatin1Char('%'); }
 
 protected:
     void configurarDriver() override;

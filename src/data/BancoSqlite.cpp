@@ -48,8 +48,17 @@ QString BancoSqlite::expressaoDobrada(const DefColuna& c, bool armazenada) const
 
 QString BancoSqlite::condicaoTrigrama(const DefTabela& t, const DefColuna& c) const
 {
-    return QStringLiteral("%1 IN (SELECT rowid FROM %2 WHERE %3 LIKE ?)")
+    // A phrase of consecutive trigrams is a substring: the index answers it from its own
+    // lists, without reading the rows back.
+    return QStringLiteral("%1 IN (SELECT rowid FROM %2 WHERE %2 MATCH '{%3} : ' || ?)")
         .arg(t.chave, t.nomeTrigrama(), c.nomeDobrado());
+}
+
+QString BancoSqlite::valorTrigrama(const QString& dobrado) const
+{
+    QString frase = dobrado;
+    frase.replace(QLatin1Char('"'), QLatin1String("\"\""));
+    return QLatin1Char('"') + frase + QLatin1Char('"');
 }
 
 void BancoSqlite::configurarDriver()

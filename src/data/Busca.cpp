@@ -56,20 +56,43 @@ QString escapaLike(const QString& texto, bool manterCuringas)
     return r;
 }
 
+namespace {
+
+// Above this many rows a text is common: the list is read in its own order and stops at
+// the rows it shows, instead of gathering every match through the index and sorting it.
+constexpr int LimiteFrequente = 3000;
+
+bool frequente(Banco& banco, const DefTabela& t, const Condicao& c)
+{
+    return banco.escalar(QStringLiteral("SELECT COUNT(*) FROM (SELECT 1 FROM %1 WHERE %2 LIMIT %3) amostra")
+                             .arg(t.nome, c.sql).arg(LimiteFrequente), c.valores).toInt() >= LimiteFrequente;
+}
+
+// The match of the folded column alone. `indice`: the trigram index may answer it.
+Condicao casaTexto(Banco& banco, const DefTabela& t, const DefColuna& c, const QString& d, bool meio, bool indice)
+{
+    const QString col = c.nomeDobrado();
+    if (!temCuringa(d) && !meio)
+        return {QStringLiteral("%1 >= ? AND %1 < ?").arg(col), {d, limiteSuperior(d)}};
+    if (indice && !temCuringa(d) && c.meio && d.size() >= 3)
+        return {banco.condicaoTrigrama(t, c), {banco.valorTrigrama(d)}};
+    const QString padrao = (meio ? QStringLiteral("%") : QString()) + escapaLike(d, true) + QStringLiteral("%");
+    return {QStringLiteral("%1 LIKE ? ESCAPE '\\'").arg(col), {padrao}};
+}
+
+} // namespace
+
 Condicao porTexto(Banco& banco, const QString& tabela, const QString& coluna, const QString& digitado, bool meio)
 {
     const DefTabela* t = nullptr;
     const DefColuna& c = colunaBuscavel(tabela, coluna, &t);
     const QString d = Texto::dobra(digitado);
-    const QString col = c.nomeDobrado();
     if (d.isEmpty())
         return {};
-    if (!temCuringa(d) && !meio)
-        return {QStringLiteral("%1 >= ? AND %1 < ?").arg(col), {d, limiteSuperior(d)}};
-    if (!temCuringa(d) && !d.contains(QLatin1Char('\\')) && c.meio && d.size() >= 3)
-        return {banco.condicaoTrigrama(*t, c), {QStringLiteral("%") + d + QStringLiteral("%")}};
-    const QString padrao = (meio ? QStringLiteral("%") : QString()) + escapaLike(d, true) + QStringLiteral("%");
-    return {QStringLiteral("%1 LIKE ? ESCAPE '\\'").arg(col), {padrao}};
+    const Condicao indexada = casaTexto(banco, *t, c, d, meio, true);
+    if (meio && frequente(banco, *t, indexada))
+        return casaTexto(banco, *t, c, d, meio, false);
+    return indexada;
 }
 
 Condicao porColuna(Banco& banco, const QString& tabela, const QString& coluna, const QString& digitado, bool meio)
@@ -87,15 +110,22 @@ Condicao porColuna(Banco& banco, const QString& tabela, const QString& coluna, c
                 {padrao}};
     }
 
-    // Live rows: the trailing "0" of Excluidos always stands behind the column's text.
-    Condicao vivos = soVivos();
-    if (!d.isEmpty())
-        vivos = vivos.e(porTexto(banco, tabela, coluna, digitado, meio));
-    // Deleted rows: a "0" must stand in the column itself behind the typed text.
+    // Deleted rows qualify only when a "0" stands in the column itself behind the typed
+    // text; live rows always have the trailing "0" of Excluidos behind it.
     const QString padraoExcluidos = inicio + escapaLike(d, false) + QStringLiteral("%0%");
-    const Condicao excluidos{QStringLiteral("Excluidos = -1 AND %1 LIKE ? ESCAPE '\\'").arg(col), {padraoExcluidos}};
-    // Two index searches joined by key: an OR of the two would make the engine walk the
-    // whole table in the order of the list.
+    const Condicao linhaExcluida{QStringLiteral("Excluidos = -1 AND %1 LIKE ? ESCAPE '\\'").arg(col), {padraoExcluidos}};
+
+    const Condicao indexada = d.isEmpty() ? Condicao{} : casaTexto(banco, *t, c, d, meio, true);
+    if (d.isEmpty() || frequente(banco, *t, indexada)) {
+        // A common text: one pass in the list's own order, which stops at the rows shown.
+        const Condicao texto = d.isEmpty() ? Condicao{} : casaTexto(banco, *t, c, d, meio, false);
+        const Condicao vivos = soVivos().e(texto);
+        return {QStringLiteral("(%1) OR (%2)").arg(vivos.sql, linhaExcluida.sql), vivos.valores + linhaExcluida.valores};
+    }
+    // A rare text: both halves through the index, joined by key (an OR of the two would
+    // make the engine walk the whole table).
+    const Condicao vivos = soVivos().e(indexada);
+    const Condicao excluidos = indexada.e(linhaExcluida);
     return {QStringLiteral("%1 IN (SELECT %1 FROM %2 WHERE %3 UNION ALL SELECT %1 FROM %2 WHERE %4)")
                 .arg(t->chave, t->nome, vivos.sql, excluidos.sql),
             vivos.valores + excluidos.valores};

@@ -5,6 +5,7 @@
 #include "data/Busca.h"
 #include "data/Recordset.h"
 #include "data/Texto.h"
+#include "data/Transacao.h"
 
 // The searches must give exactly the rows that the classic patterns of joined text give.
 // Each case is checked against the pattern itself, evaluated row by row in C++.
@@ -114,6 +115,36 @@ private slots:
             QCOMPARE(obtido(b.banco(), c), esperado("NomeCliente", ataque, true));
         }
         QCOMPARE(b->escalar("SELECT COUNT(*) FROM Cliente").toInt(), linhas().size());
+    }
+
+    void textoFrequente_data() { linhasMotores(); }
+    void textoFrequente()
+    {
+        // A common text is read in the list's order instead of through the index; the rows
+        // must still be exactly the pattern's.
+        BANCO_DO_MOTOR(b);
+        QList<std::pair<QString, int>> linhas;
+        {
+            Transacao tr(b.banco());
+            for (int i = 0; i < 3500; ++i) {
+                const QString nome = QString("ANA %1").arg(i);
+                const int excluido = i % 50 == 0 ? -1 : 0;
+                linhas << std::pair{nome, excluido};
+                b->executar("INSERT INTO Cliente (CodCliente, NomeCliente, Excluidos) VALUES (?, ?, ?)",
+                            {i + 1, nome, excluido});
+            }
+            tr.commit();
+        }
+        for (const auto& [digitado, meio] : {std::pair{QString("ana"), false}, std::pair{QString("NA 1"), true},
+                                              std::pair{QString(""), false}, std::pair{QString("A 3"), true}}) {
+            QSet<qint64> esperados;
+            const QString padrao = (meio ? "%" : "") + digitado + "%%0%";
+            for (int i = 0; i < linhas.size(); ++i)
+                if (Texto::like(linhas[i].first + QString::number(linhas[i].second), padrao))
+                    esperados.insert(i + 1);
+            const Condicao c = Busca::porColuna(b.banco(), "Cliente", "NomeCliente", digitado, meio);
+            QCOMPARE(obtido(b.banco(), c), esperados);
+        }
     }
 
     void nuloContaComoVazio_data() { linhasMotores(); }
