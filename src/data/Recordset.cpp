@@ -53,9 +53,8 @@ void Recordset::carregar()
 
 void Recordset::requery()
 {
-    const qint64 chave = (m_tabela && !eof() && !bof()) ? chaveAtual() : -1;
+    // Reruns the query, so a login sees rows that another station has added since.
     carregar();
-    Q_UNUSED(chave);
 }
 
 void Recordset::fechar()
