@@ -82,6 +82,12 @@ public:
     void carregar();
     void imprimir(Impressora& p);
 
+    enum class Alinhamento { Centro, Esquerda, Direita, Atual };
+    // Places a line of text by the word of the old sheets and prints it: centred, at the
+    // left margin (200), against the right margin (200), or where the current point is.
+    // A text too wide for the page wraps, each line placed the same way.
+    static void imprimeAlinhado(Impressora& p, const QString& texto, Alinhamento alinhamento, int margem = 200);
+
     // Formats a CPF/CNPJ text with one of the masks of the header's tax line, "0"
     // standing for a digit; digits missing on the left are zeros.
     static QString formatarMascara(const QString& texto, const QString& mascara);
@@ -104,7 +110,6 @@ private:
     void regua(Impressora& p, bool sempre = false) const;
     void linha(Impressora& p, const QList<Celula>& celulas) const;
     void esquerda(Impressora& p, const QString& texto) const;
-    void imprimeCentro(Impressora& p, const QString& texto, int margem) const;
 
     void fichaOrdem(Impressora& p);        // sheets 1, 2 and 6
     void fichaOrcamento(Impressora& p);    // sheet 4

@@ -95,18 +95,6 @@ bool temImpressora(QWidget* pai)
     return false;
 }
 
-bool imprimirEm(Banco& banco, const PedidoFicha& pedido, QPrinter& impressora, QWidget* pai)
-{
-    FichaNaSessao naSessao(pedido);
-    auto ficha = carregar(banco, pedido, pai);
-    if (!ficha)
-        return false;
-    // With no printer installed Qt would quietly write a PDF nobody asked for.
-    if (impressora.outputFileName().isEmpty() && !temImpressora(pai))
-        return false;
-    return desenhar(*ficha, impressora, pai);
-}
-
 bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& destino)
 {
     FichaNaSessao naSessao(pedido);

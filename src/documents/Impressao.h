@@ -4,7 +4,6 @@
 #include "documents/Fichas.h"
 
 class Banco;
-class QPrinter;
 class QWidget;
 
 // Where a sheet goes: the printer, a preview on the screen, or a PDF file.
@@ -45,10 +44,6 @@ bool imprimeVisita(Banco& banco, const FichaVisita& visita, QWidget* pai = nullp
 
 // Any sheet.
 bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& destino);
-// The same job on a printer that is already set up (the printer choice of the document
-// dispatch); false when nothing could be printed.
-bool imprimirEm(Banco& banco, const PedidoFicha& pedido, QPrinter& impressora, QWidget* pai);
-
 // "Nenhuma impressora..." when this machine has no printer at all.
 bool temImpressora(QWidget* pai);
 

@@ -200,12 +200,25 @@ void ImprimeFicha::esquerda(Impressora& p, const QString& texto) const
     p.print(texto);
 }
 
-void ImprimeFicha::imprimeCentro(Impressora& p, const QString& texto, int margem) const
+void ImprimeFicha::imprimeAlinhado(Impressora& p, const QString& texto, Alinhamento alinhamento, int margem)
 {
+    if (alinhamento == Alinhamento::Atual) {
+        p.print(texto);
+        return;
+    }
+    const int x0 = p.currentX();
     const QStringList linhas = p.quebrar(texto, p.width() - 2 * margem);
     for (const QString& l : linhas) {
         p.garantirEspaco(p.alturaLinha());
-        p.setCurrentX(qMax(0, (p.width() - p.textWidth(l)) / 2));
+        const int T = p.textWidth(l);
+        int x = x0;
+        switch (alinhamento) {
+        case Alinhamento::Centro: x = (p.width() - T) / 2; break;
+        case Alinhamento::Esquerda: x = margem; break;
+        case Alinhamento::Direita: x = p.width() - T - margem; break;
+        case Alinhamento::Atual: break;
+        }
+        p.setCurrentX(qMax(0, x));
         p.printLinha(l);
     }
 }
@@ -289,7 +302,7 @@ void ImprimeFicha::cabecalhoCentrado(Impressora& p)
         p.setFontBold(l.negrito);
         p.setFontSize(l.tamanho);
         if (l.imprime && !l.texto.isEmpty())
-            imprimeCentro(p, l.texto, margem);
+            imprimeAlinhado(p, l.texto, Alinhamento::Centro, margem);
         else if (l.imprime)
             p.print();
         if (i == 2 && comLogo)
