@@ -111,6 +111,7 @@ private:
     void linha(Impressora& p, const QList<Celula>& celulas) const;
     void esquerda(Impressora& p, const QString& texto) const;
 
+    void blocoAparelho(Impressora& p);
     void fichaOrdem(Impressora& p);        // sheets 1, 2 and 6
     void fichaOrcamento(Impressora& p);    // sheet 4
     void fichaVisita(Impressora& p);       // sheet 7

@@ -74,12 +74,18 @@ std::unique_ptr<ImprimeFicha> carregar(Banco& banco, const PedidoFicha& pedido, 
     return ficha;
 }
 
-PedidoFicha pedidoOrdem(TipoFicha tipo, qint64 codOsAut, int copias)
+PedidoFicha pedido(TipoFicha tipo, int copias)
 {
     PedidoFicha p;
     p.tipo = tipo;
-    p.codOsAut = codOsAut;
     p.copias = copias;
+    return p;
+}
+
+PedidoFicha pedidoOrdem(TipoFicha tipo, qint64 codOsAut, int copias)
+{
+    PedidoFicha p = pedido(tipo, copias);
+    p.codOsAut = codOsAut;
     return p;
 }
 
@@ -171,45 +177,35 @@ bool fichaSaidaCaixa(Banco& banco, qint64 codOsAut, int copias, const Destino& d
 
 bool fichaCliente(Banco& banco, const FichaCliente& cliente, int copias, const Destino& destino)
 {
-    PedidoFicha p;
-    p.tipo = TipoFicha::Cliente;
-    p.copias = copias;
+    PedidoFicha p = pedido(TipoFicha::Cliente, copias);
     p.cliente = cliente;
     return imprimir(banco, p, destino);
 }
 
 bool reciboVenda(Banco& banco, qint64 codVenda, int copias, const Destino& destino)
 {
-    PedidoFicha p;
-    p.tipo = TipoFicha::ReciboVenda;
-    p.copias = copias;
+    PedidoFicha p = pedido(TipoFicha::ReciboVenda, copias);
     p.codVenda = codVenda;
     return imprimir(banco, p, destino);
 }
 
 bool fichaVisita(Banco& banco, const FichaVisita& visita, int copias, const Destino& destino)
 {
-    PedidoFicha p;
-    p.tipo = TipoFicha::Visita;
-    p.copias = copias;
+    PedidoFicha p = pedido(TipoFicha::Visita, copias);
     p.visita = visita;
     return imprimir(banco, p, destino);
 }
 
 bool reciboCompleto(Banco& banco, const FichaRecebimento& recebimento, int copias, const Destino& destino)
 {
-    PedidoFicha p;
-    p.tipo = TipoFicha::ReciboCompleto;
-    p.copias = copias;
+    PedidoFicha p = pedido(TipoFicha::ReciboCompleto, copias);
     p.recebimento = recebimento;
     return imprimir(banco, p, destino);
 }
 
 bool reciboCompacto(Banco& banco, const FichaRecebimento& recebimento, const Destino& destino)
 {
-    PedidoFicha p;
-    p.tipo = TipoFicha::ReciboCompacto;
-    p.copias = 1;
+    PedidoFicha p = pedido(TipoFicha::ReciboCompacto, 1);
     p.recebimento = recebimento;
     return imprimir(banco, p, destino);
 }

@@ -54,7 +54,7 @@ bool ImprimeDocumento(Banco& banco, const DocumentoOrdem& documento, qint64 codO
     // The template merge. The printer is chosen first, as for the sheets; a cancelled
     // choice still prints, on the printer last chosen.
     QPrinter impressora(QPrinter::HighResolution);
-    if (dialogo && !edita)
+    if (dialogo)
         Dialogos::escolherImpressora(pai, &impressora);
     QString modelo;
     if (abre) {

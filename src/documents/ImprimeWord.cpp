@@ -1,5 +1,6 @@
 #include "documents/ImprimeWord.h"
 
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
@@ -82,7 +83,9 @@ QString pastaDocumentos()
 QString modeloPadrao(const QString& nomeArquivo)
 {
     const QString base = sessao().PastaPrograma.isEmpty() ? Local::pastaPrograma() : sessao().PastaPrograma;
+    // Beside the program when installed; in the source tree while it is being built.
     for (const QString& pasta : {QDir(base).filePath(QStringLiteral("modelos")),
+                                 QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("modelos")),
                                  QDir(QStringLiteral(TOLDEX_FONTE_DIR)).filePath(QStringLiteral("modelos"))}) {
         const QString p = QDir(pasta).filePath(nomeArquivo);
         if (QFileInfo::exists(p))
