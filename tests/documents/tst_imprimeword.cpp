@@ -308,6 +308,29 @@ private slots:
         QCOMPARE(hashDe(modelo), antes);
     }
 
+    void caracteresDeMarcacaoNosValores_data()
+    {
+        QTest::addColumn<QString>("formato");
+        QTest::newRow("docx") << "docx";
+        QTest::newRow("odt") << "odt";
+    }
+    void caracteresDeMarcacaoNosValores()
+    {
+        QFETCH(QString, formato);
+        Loja l;
+        const QString modelo = l.arquivo(QStringLiteral("modelo.") + formato);
+        if (formato == QLatin1String("docx"))
+            docxComMarcasPartidas(modelo);
+        else
+            odtComMarcasPartidas(modelo);
+        const qint64 chave = inserirOrdem(l.banco.banco(), {{"NomeCliente", "Zé & Filhos <Ltda> \"ME\""}});
+        const auto gerado = ImprimeWord::gerar(l.banco.banco(), {chave, modelo, false, "Entrada"});
+        QVERIFY(gerado);
+        DocumentoModelo d;
+        QVERIFY(d.abrir(*gerado, nullptr));
+        QVERIFY(d.texto().contains(QStringLiteral("Cliente: Zé & Filhos <Ltda> \"ME\" e de novo")));
+    }
+
     void orcamentoSemTabela()
     {
         Loja l;
