@@ -1,0 +1,219 @@
+#include "documents/Impressao.h"
+
+#include <QDir>
+#include <QPageLayout>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QTemporaryDir>
+
+#include "data/ErroBanco.h"
+#include "data/Sessao.h"
+#include "documents/ConfigImpressao.h"
+#include "documents/Impressora.h"
+#include "ui/Dialogos.h"
+
+namespace Impressao {
+
+namespace {
+
+const QString TituloErro = QStringLiteral("Erro ao imprimir");
+
+void prepararPagina(QPrinter& impressora)
+{
+    // A4 by default; a printer chosen in the dialog keeps its own paper.
+    impressora.setPageSize(QPageSize(QPageSize::A4));
+    impressora.setPageOrientation(QPageLayout::Portrait);
+    impressora.setPageMargins(QMarginsF(10, 10, 10, 10), QPageLayout::Millimeter);
+    impressora.setDocName(QStringLiteral("Toldex"));
+}
+
+class FichaNaSessao {
+public:
+    FichaNaSessao(const PedidoFicha& pedido)
+    {
+        sessao().FichaTipo = QString::number(int(pedido.tipo));
+        sessao().FichaCopias = QString::number(pedido.copias);
+    }
+    // The next print starts from a clean hand-over, as it always has.
+    ~FichaNaSessao() { sessao().FichaTipo.clear(); }
+};
+
+bool desenhar(ImprimeFicha& ficha, QPrinter& impressora, QWidget* pai)
+{
+    Impressora p(&impressora);
+    if (!p.iniciar()) {
+        const QString onde = impressora.outputFormat() == QPrinter::PdfFormat
+            ? QStringLiteral("no arquivo \"%1\"").arg(QDir::toNativeSeparators(impressora.outputFileName()))
+            : QStringLiteral("na impressora \"%1\"").arg(impressora.printerName());
+        Dialogos::mensagem(pai, QStringLiteral("Não foi possível imprimir %1.\nVerifique se a impressora está "
+                                               "ligada ou se a pasta permite gravar.").arg(onde),
+                           TituloErro, Dialogos::Icone::Aviso);
+        return false;
+    }
+    try {
+        ficha.imprimir(p);
+    } catch (const ErroBanco& e) {
+        p.endDoc();
+        Dialogos::mensagem(pai, QStringLiteral("A impressão foi interrompida.\n") + e.textoCompleto(), TituloErro,
+                           Dialogos::Icone::Aviso);
+        return false;
+    }
+    return true;
+}
+
+std::unique_ptr<ImprimeFicha> carregar(Banco& banco, const PedidoFicha& pedido, QWidget* pai)
+{
+    auto ficha = std::make_unique<ImprimeFicha>(banco, pedido, ConfigFicha::atual());
+    try {
+        ficha->carregar();
+    } catch (const ErroBanco& e) {
+        Dialogos::mensagem(pai, e.textoCompleto(), TituloErro, Dialogos::Icone::Aviso);
+        return nullptr;
+    }
+    return ficha;
+}
+
+PedidoFicha pedido(TipoFicha tipo, int copias)
+{
+    PedidoFicha p;
+    p.tipo = tipo;
+    p.copias = copias;
+    return p;
+}
+
+PedidoFicha pedidoOrdem(TipoFicha tipo, qint64 codOsAut, int copias)
+{
+    PedidoFicha p = pedido(tipo, copias);
+    p.codOsAut = codOsAut;
+    return p;
+}
+
+} // namespace
+
+bool temImpressora(QWidget* pai)
+{
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
+        return true;
+    Dialogos::mensagem(pai, QStringLiteral("Nenhuma impressora está instalada neste computador.\n"
+                                           "Instale uma impressora ou salve a ficha em PDF."),
+                       TituloErro, Dialogos::Icone::Aviso);
+    return false;
+}
+
+bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& destino)
+{
+    FichaNaSessao naSessao(pedido);
+    auto ficha = carregar(banco, pedido, destino.pai);
+    if (!ficha)
+        return false;
+    QPrinter impressora(QPrinter::HighResolution);
+    prepararPagina(impressora);
+
+    switch (destino.tipo) {
+    case Destino::Tipo::Pdf: {
+        QString arquivo = destino.arquivoPdf;
+        if (arquivo.isEmpty()) {
+            const auto escolhido = Dialogos::salvarArquivo(destino.pai, QStringLiteral("Salvar PDF"),
+                                                           QStringLiteral("Ficha.pdf"),
+                                                           QStringLiteral("Documento PDF (*.pdf)"));
+            if (!escolhido)
+                return false;
+            arquivo = *escolhido;
+        }
+        if (!arquivo.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive))
+            arquivo += QStringLiteral(".pdf");
+        impressora.setOutputFormat(QPrinter::PdfFormat);
+        impressora.setOutputFileName(arquivo);
+        return desenhar(*ficha, impressora, destino.pai);
+    }
+    case Destino::Tipo::Visualizar: {
+        if (Dialogos::Roteiro::ativo()) {
+            // Under a scripted test nothing opens: the pages are drawn where nobody sees them.
+            QTemporaryDir dir;
+            impressora.setOutputFormat(QPrinter::PdfFormat);
+            impressora.setOutputFileName(dir.filePath(QStringLiteral("visualizar.pdf")));
+            return desenhar(*ficha, impressora, destino.pai);
+        }
+        QPrintPreviewDialog previa(&impressora, destino.pai);
+        previa.setWindowTitle(QStringLiteral("Visualizar impressão"));
+        bool ok = true;
+        QObject::connect(&previa, &QPrintPreviewDialog::paintRequested, &previa,
+                         [&](QPrinter* p) { ok = desenhar(*ficha, *p, destino.pai) && ok; });
+        previa.exec();
+        return ok;
+    }
+    case Destino::Tipo::Impressora:
+        break;
+    }
+    if (destino.escolherImpressora) {
+        // A cancelled choice doesn't stop the print: it goes to the printer last chosen.
+        Dialogos::escolherImpressora(destino.pai, &impressora);
+    }
+    if (impressora.outputFileName().isEmpty() && !temImpressora(destino.pai))
+        return false;
+    return desenhar(*ficha, impressora, destino.pai);
+}
+
+bool fichaEntrada(Banco& banco, qint64 codOsAut, int copias, const Destino& destino)
+{
+    return imprimir(banco, pedidoOrdem(TipoFicha::Entrada, codOsAut, copias), destino);
+}
+
+bool fichaSaida(Banco& banco, qint64 codOsAut, int copias, const Destino& destino)
+{
+    return imprimir(banco, pedidoOrdem(TipoFicha::Saida, codOsAut, copias), destino);
+}
+
+bool fichaOrcamento(Banco& banco, qint64 codOsAut, int copias, const Destino& destino)
+{
+    return imprimir(banco, pedidoOrdem(TipoFicha::Orcamento, codOsAut, copias), destino);
+}
+
+bool fichaSaidaCaixa(Banco& banco, qint64 codOsAut, int copias, const Destino& destino)
+{
+    return imprimir(banco, pedidoOrdem(TipoFicha::SaidaCaixa, codOsAut, copias), destino);
+}
+
+bool fichaCliente(Banco& banco, const FichaCliente& cliente, int copias, const Destino& destino)
+{
+    PedidoFicha p = pedido(TipoFicha::Cliente, copias);
+    p.cliente = cliente;
+    return imprimir(banco, p, destino);
+}
+
+bool reciboVenda(Banco& banco, qint64 codVenda, int copias, const Destino& destino)
+{
+    PedidoFicha p = pedido(TipoFicha::ReciboVenda, copias);
+    p.codVenda = codVenda;
+    return imprimir(banco, p, destino);
+}
+
+bool fichaVisita(Banco& banco, const FichaVisita& visita, int copias, const Destino& destino)
+{
+    PedidoFicha p = pedido(TipoFicha::Visita, copias);
+    p.visita = visita;
+    return imprimir(banco, p, destino);
+}
+
+bool reciboCompleto(Banco& banco, const FichaRecebimento& recebimento, int copias, const Destino& destino)
+{
+    PedidoFicha p = pedido(TipoFicha::ReciboCompleto, copias);
+    p.recebimento = recebimento;
+    return imprimir(banco, p, destino);
+}
+
+bool reciboCompacto(Banco& banco, const FichaRecebimento& recebimento, const Destino& destino)
+{
+    PedidoFicha p = pedido(TipoFicha::ReciboCompacto, 1);
+    p.recebimento = recebimento;
+    return imprimir(banco, p, destino);
+}
+
+bool imprimeVisita(Banco& banco, const FichaVisita& visita, QWidget* pai)
+{
+    return fichaVisita(banco, visita, ConfigImpressao::copias(QStringLiteral("Visita")),
+                       Destino::impressora(pai, ConfigImpressao::ligado(QStringLiteral("AutoVisita"))));
+}
+
+}
