@@ -7,9 +7,9 @@
 
 namespace {
 
-DefColuna coluna(const QString& especificacao)
+DefColuna coluna(const QString& descricao)
 {
-    const QStringList p = especificacao.split(QLatin1Char(':'));
+    const QStringList p = descricao.split(QLatin1Char(':'));
     DefColuna c;
     c.nome = p.at(0);
     const QString tipo = p.size() > 1 ? p.at(1) : QStringLiteral("T");
