@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "apoio/ArquivosTeste.h"
 #include "data/CopiadorArquivo.h"
 
 namespace {
@@ -18,30 +19,14 @@ QByteArray conteudo(qint64 tamanho)
     return b;
 }
 
-void grava(const QString& caminho, const QByteArray& dados)
-{
-    QFile f(caminho);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    QCOMPARE(f.write(dados), dados.size());
-}
-
-QByteArray le(const QString& caminho)
-{
-    QFile f(caminho);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-QStringList arquivos(const QString& pasta)
-{
-    return QDir(pasta).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
-}
-
 } // namespace
+
+using namespace ArquivosTeste;
 
 class TesteCopiadorArquivo : public QObject {
     Q_OBJECT
 private slots:
-    void copiaGrandeNaLinhaPropria()
+    void copiaGrandeEmSegundoPlano()
     {
         QTemporaryDir origem, destino;
         const QByteArray dados = conteudo(5 * CopiadorArquivo::TamanhoBloco + 12345);
@@ -62,39 +47,6 @@ private slots:
         QVERIFY(progresso.size() >= 6);
         QCOMPARE(progresso.last().at(0).toLongLong(), qint64(dados.size()));
         QCOMPARE(progresso.last().at(1).toLongLong(), qint64(dados.size()));
-    }
-
-    void cancelamento_data()
-    {
-        QTest::addColumn<bool>("destinoExiste");
-        QTest::newRow("destino novo nao aparece") << false;
-        QTest::newRow("destino antigo fica inteiro") << true;
-    }
-    void cancelamento()
-    {
-        QFETCH(bool, destinoExiste);
-        QTemporaryDir dir;
-        grava(dir.filePath("TOLDEX.mdb"), conteudo(3 * CopiadorArquivo::TamanhoBloco));
-        const QByteArray antigo("backup de ontem");
-        if (destinoExiste)
-            grava(dir.filePath("copia.dat"), antigo);
-
-        CopiadorArquivo c(dir.filePath("TOLDEX.mdb"), dir.filePath("copia.dat"));
-        // Give up as soon as the first block is written, on the copying thread itself.
-        connect(&c, &CopiadorArquivo::progresso, &c, [&c](qint64 copiados, qint64) {
-            if (copiados > 0)
-                c.cancelar();
-        }, Qt::DirectConnection);
-        QSignalSpy fim(&c, &CopiadorArquivo::terminou);
-        c.iniciar();
-        QVERIFY(fim.wait(60000));
-        QCOMPARE(c.resultado(), ResultadoCopia::Cancelada);
-        QStringList esperado{"TOLDEX.mdb"};
-        if (destinoExiste) {
-            esperado.append("copia.dat");  // the listing sorts capitals first
-            QCOMPARE(le(dir.filePath("copia.dat")), antigo);
-        }
-        QCOMPARE(arquivos(dir.path()), esperado);
     }
 
     void falhas_data()

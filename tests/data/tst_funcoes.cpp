@@ -104,15 +104,6 @@ private slots:
         QVERIFY(!r.isNull());
         QCOMPARE(SoDigitos(valor.toString()), digitos);
     }
-
-    void nomeComputador()
-    {
-        QString nome = QStringLiteral("lixo");
-        const int n = NomeComputador(nome);
-        QCOMPARE(n, int(nome.size()));
-        QVERIFY(!nome.contains(QLatin1Char('.')));
-        QCOMPARE(NomeComputador(), nome);
-    }
 };
 
 QTEST_GUILESS_MAIN(TesteFuncoes)

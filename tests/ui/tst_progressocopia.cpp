@@ -4,31 +4,14 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <atomic>
+#include <memory>
 
+#include "apoio/ArquivosTeste.h"
 #include "ui/Dialogos.h"
 #include "ui/ProgressoCopia.h"
 
-namespace {
-
-void grava(const QString& caminho, const QByteArray& dados)
-{
-    QFile f(caminho);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    QCOMPARE(f.write(dados), dados.size());
-}
-
-QByteArray le(const QString& caminho)
-{
-    QFile f(caminho);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-QStringList arquivos(const QString& pasta)
-{
-    return QDir(pasta).entryList(QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
-}
-
-} // namespace
+using namespace ArquivosTeste;
 
 class TesteProgressoCopia : public QObject {
     Q_OBJECT
@@ -90,8 +73,9 @@ private slots:
                 auto* botao = janela->findChild<QPushButton*>("Cancelar");
                 QVERIFY(botao);
                 QObject::connect(&janela->copiador(), &CopiadorArquivo::progresso, janela,
-                                 [janela, botao](qint64 copiados, qint64) {
-                                     if (copiados > 0 && botao->isEnabled())
+                                 [janela, botao, clicado = std::make_shared<std::atomic<bool>>(false)](
+                                     qint64 copiados, qint64) {
+                                     if (copiados > 0 && !clicado->exchange(true))
                                          QMetaObject::invokeMethod(janela, [janela, botao] {
                                              QVERIFY(janela->isVisible());
                                              QTest::mouseClick(botao, Qt::LeftButton);
