@@ -19,6 +19,7 @@ QString DigitoModulo11(const QString& numero);
 // The digits 0-9 of the text, in order. A null text or a NULL value gives "".
 QString SoDigitos(const QString& texto);
 QString SoDigitos(const QVariant& valor);
+inline QString SoDigitos(const char* texto) { return SoDigitos(QString::fromUtf8(texto)); }
 
 // This machine's name, as the shop sees it on the network (the host name without its
 // domain). Fills `nome` and gives its length; on failure `nome` is empty and 0 comes back.

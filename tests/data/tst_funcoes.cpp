@@ -103,6 +103,7 @@ private slots:
         // The store keeps empty text as "", so the result is never a null string.
         QVERIFY(!r.isNull());
         QCOMPARE(SoDigitos(valor.toString()), digitos);
+        QCOMPARE(SoDigitos(valor.toString().toUtf8().constData()), digitos);
     }
 };
 
