@@ -1,0 +1,323 @@
+#include "orders/TransicoesOrdem.h"
+
+#include <QDateTime>
+#include <QSqlQuery>
+
+#include "data/Banco.h"
+#include "data/Datas.h"
+#include "data/Sessao.h"
+#include "data/Transacao.h"
+#include "orders/EstoqueOrdem.h"
+#include "orders/GravacaoOrdem.h"
+#include "orders/Ordem.h"
+#include "orders/ValoresOrdem.h"
+
+namespace TransicoesOrdem {
+
+namespace {
+
+void exigir(int direito)
+{
+    if (direito != 1)
+        throw OrdemRecusada(Recusa::negado());
+}
+
+void exigirLivre(const Ordem& o, TelaOrdem tela)
+{
+    if (auto r = TravaOrdem::verificarAlteracao(o, tela))
+        throw OrdemRecusada(*r);
+}
+
+bool cfg(const QString& valor) { return Sessao::verdadeiro(valor); }
+
+// Transition 1 on the order in memory.
+void metadeEntrada(Ordem& o, const OpcoesEntrada& opcoes)
+{
+    if (o.NomeCliente.trimmed().isEmpty())
+        throw OrdemRecusada(Recusa::aviso(QStringLiteral("Coloque o nome do cliente")));
+    if (!o.DataSaida.isEmpty() && !Datas::lerBanco(o.DataSaida))
+        throw OrdemRecusada(Recusa::aviso(QStringLiteral("A data de saída \"%1\" não é uma data válida.")
+                                              .arg(Datas::bancoParaTela(o.DataSaida))));
+    if (opcoes.retornoGarantia)
+        o.Fabrica = true;
+    if (o.Fabrica)
+        o.Garantia = true;
+    if (!o.DataSaida.isEmpty()) {
+        o.Saida = true;
+    } else {
+        o.DataSaida.clear();
+        o.DataContato.clear();
+        o.Saida = false;
+        o.Contato = false;
+    }
+    if (o.DataEntrada.isEmpty())
+        o.DataEntrada = Datas::hoje();
+    if (cfg(sessao().CfgAtivaDef))
+        o.Sintoma = GravacaoOrdem::textoDosSintomas(o);
+    o.OsAlterado = sessao().UsuarioNome;
+}
+
+// Transition 2's columns, shared by the bench and the whole-order screen.
+void metadeBancada(Ordem& o)
+{
+    if (o.Tecnico.trimmed().isEmpty())
+        o.Tecnico = sessao().TecnicoNome;
+    o.CodTecnico = sessao().TecnicoCodigo;
+    if (cfg(sessao().CfgAtivaDef))
+        o.Sintoma = GravacaoOrdem::textoDosSintomas(o);
+    if (cfg(sessao().CfgAtivaSer))
+        o.ServicoExecutado = GravacaoOrdem::textoDosServicos(o);
+    if (o.Garantia)
+        o.Aprovado = o.Consertado;
+    o.OsAlterado = sessao().UsuarioNome;
+}
+
+GravacaoOrdem::Filhas filhasDaBancada()
+{
+    GravacaoOrdem::Filhas f;
+    f.sintomas = cfg(sessao().CfgAtivaDef);
+    f.servicos = cfg(sessao().CfgAtivaSer);
+    f.pecas = true;
+    return f;
+}
+
+} // namespace
+
+QString textoSaiu()
+{
+    return QStringLiteral("Saiu ") + QDateTime::currentDateTime().toString(QStringLiteral("dd/MM/yyyy HH:mm:ss"));
+}
+
+void salvarEntrada(Banco& banco, Ordem& o, const OpcoesEntrada& opcoes)
+{
+    Ordem trabalho = o;
+    metadeEntrada(trabalho, opcoes);
+    exigir(sessao().DireitoOsEntAl);
+    const bool copiar = NumeroOrdem::pedeNumeroFabrica(trabalho)
+        && NumeroOrdem::perguntarCopiaFabrica(banco, opcoes.perguntar);
+    GravacaoOrdem::Filhas f;
+    f.sintomas = cfg(sessao().CfgAtivaDef);
+    GravacaoOrdem::gravar(banco, trabalho, f, TelaOrdem::Entrada, copiar);
+    o = std::move(trabalho);
+}
+
+QStringList salvarBancada(Banco& banco, Ordem& o, Situacao escolhida)
+{
+    if (escolhida == Situacao::Nenhuma)
+        throw OrdemRecusada(Recusa::aviso(QStringLiteral("Defina a situação do conserto")));
+    exigir(sessao().DireitoOsTecAl);
+    Ordem trabalho = o;
+    EstadoOrdem::definirSituacao(trabalho, escolhida);
+    trabalho.OrdemBloqueada = escolhida == Situacao::Consertado || escolhida == Situacao::Orcamento;
+    metadeBancada(trabalho);
+    Transacao tr(banco);
+    GravacaoOrdem::gravar(banco, trabalho, filhasDaBancada(), TelaOrdem::Bancada);
+    QStringList reposicao;
+    if (trabalho.Consertado)
+        reposicao = EstoqueOrdem::baixarNaBancada(banco, trabalho.CodOsAut);
+    tr.commit();
+    if (auto recarregada = GravacaoOrdem::carregar(banco, trabalho.CodOsAut))
+        trabalho = std::move(*recarregada);
+    o = std::move(trabalho);
+    return reposicao;
+}
+
+void autorizarNaBancada(Ordem& o)
+{
+    if (o.Garantia)
+        throw OrdemRecusada(Recusa::aviso(QStringLiteral("Aparelho na garantia")));
+    exigirLivre(o, TelaOrdem::Bancada);
+    EstadoOrdem::definirResposta(o, Resposta::Aprovado);
+    o.Contato = true;
+    o.Garantia = false;
+}
+
+void salvarNoPainel(Banco& banco, qint64 codOsAut, Lista lista, std::optional<Situacao> situacao,
+                    std::optional<Resposta> resposta, const QDate& diaPrometido)
+{
+    if (!ListasPainel::podeAbrir(lista))
+        throw OrdemRecusada(Recusa::negado());
+    QStringList sets = {QStringLiteral("DataEntrega = ?"), QStringLiteral("DataContato = ?")};
+    QVariantList valores = {Datas::paraBanco(diaPrometido), Datas::hoje()};
+    if (situacao && *situacao != Situacao::Nenhuma) {
+        Ordem o;
+        EstadoOrdem::definirSituacao(o, *situacao);
+        sets << QStringLiteral("Consertado = ?") << QStringLiteral("Orcamento = ?")
+             << QStringLiteral("AguardaPeca = ?") << QStringLiteral("Devolver = ?");
+        valores << (o.Consertado ? -1 : 0) << (o.Orcamento ? -1 : 0) << (o.AguardaPeca ? -1 : 0)
+                << (o.Devolver ? -1 : 0);
+    }
+    if (resposta) {
+        Ordem o;
+        EstadoOrdem::definirResposta(o, *resposta);
+        sets << QStringLiteral("Aprovado = ?") << QStringLiteral("Recusado = ?");
+        valores << (o.Aprovado ? -1 : 0) << (o.Recusado ? -1 : 0);
+    }
+    valores << codOsAut;
+    banco.executar(QStringLiteral("UPDATE OrdemServico SET %1 WHERE CodOsAut = ?").arg(sets.join(QStringLiteral(", "))),
+                   valores);
+}
+
+QString textoConfirmaPainel(const QString& codOs, const QString& nome, const QString& tipo)
+{
+    return QStringLiteral("Confirma alteração \n O.S: ") + codOs + QStringLiteral(" - ") + nome
+        + QStringLiteral(" - ") + tipo;
+}
+
+void responderNaEntrega(Ordem& o, Resposta r)
+{
+    exigirLivre(o, TelaOrdem::Saida);
+    EstadoOrdem::definirResposta(o, r);
+    o.Contato = true;
+    o.Garantia = false;
+    o.DataContato = Datas::hoje();
+}
+
+void desfazerGarantia(Ordem& o)
+{
+    exigirLivre(o, TelaOrdem::Saida);
+    o.Garantia = false;
+}
+
+void garantiaMesmaOrdem(Ordem& o)
+{
+    exigirLivre(o, TelaOrdem::Saida);
+    EstadoOrdem::definirResposta(o, Resposta::Indeciso);
+    o.Contato = false;
+    o.Garantia = true;
+    EstadoOrdem::definirSituacao(o, Situacao::Nenhuma);
+    o.StatusConserto = QStringLiteral("Garantia pendente..");
+    o.Armazenado = QStringLiteral("Retorno oficina");
+    o.Observacao += QStringLiteral("\nAPARELHO ESTÁ NA GARANTIA DA LOJA");
+    o.DataSaida.clear();
+}
+
+Ordem garantiaNovaOrdem(const Ordem& antiga)
+{
+    Ordem n;
+    n.CodCliente = antiga.CodCliente;
+    n.NomeCliente = antiga.NomeCliente;
+    n.CpfCnpj = antiga.CpfCnpj;
+    n.Endereco = antiga.Endereco;
+    n.Ncasa = antiga.Ncasa;
+    n.Bairro = antiga.Bairro;
+    n.Cidade = antiga.Cidade;
+    n.Telefone = antiga.Telefone;
+    n.Celular = antiga.Celular;
+    n.Tipo = antiga.Tipo;
+    n.TipoPorcentagem = antiga.TipoPorcentagem;
+    n.ValorPorcentagem = antiga.ValorPorcentagem;
+    n.Marca = antiga.Marca;
+    n.Modelo = antiga.Modelo;
+    n.NumeroSerie = antiga.NumeroSerie;
+    n.CorProduto = antiga.CorProduto;
+    n.Certificado = antiga.Certificado;
+    n.NotaFiscal = antiga.NotaFiscal;
+    n.DataNota = antiga.DataNota;
+    n.Revendedor = antiga.Revendedor;
+    n.EstadoAparelho = antiga.EstadoAparelho;
+    n.Acessorio = antiga.Acessorio;
+    n.Sintoma = antiga.Sintoma;
+    n.Observacao = antiga.Observacao;
+    n.Armazenado = antiga.Armazenado;
+    n.sintomas = antiga.sintomas;
+    // The old departure date is not carried over: the return is in the shop now.
+    n.CodFabrica = QString::number(antiga.CodOs);
+    n.Fabrica = true;
+    return n;
+}
+
+bool entregar(Ordem& o)
+{
+    if (EstadoOrdem::vaiAoCaixa(o))
+        return true;
+    if (o.DataSaida.isEmpty()) {
+        o.DataSaida = Datas::hoje();
+        o.Saida = true;
+        o.Armazenado = textoSaiu();
+    }
+    return false;
+}
+
+void salvarEntrega(Banco& banco, Ordem& o)
+{
+    exigir(sessao().DireitoOsSaiAl);
+    Ordem trabalho = o;
+    trabalho.DtEntrega = !trabalho.DataEntrega.isEmpty();
+    trabalho.Saida = !trabalho.DataSaida.isEmpty();
+    trabalho.OsAlterado = sessao().UsuarioNome;
+    GravacaoOrdem::gravar(banco, trabalho, {}, TelaOrdem::Saida);
+    o = std::move(trabalho);
+}
+
+void fecharNoCaixa(Banco& banco, qint64 codOsAut, const Fechamento& f)
+{
+    exigir(sessao().DireitoOsSaiAl);
+    banco.executar(QStringLiteral("UPDATE OrdemServico SET Armazenado = ?, DtEntrega = -1, ValorPago = ?, "
+                                  "ValorDesconto = ?, CpfCnpj = ?, DataSaida = ?, Saida = -1, OsAlterado = ?, "
+                                  "Pendurado = ? WHERE CodOsAut = ?"),
+                   {textoSaiu(), f.valorPago.centavos(), f.valorDesconto.centavos(), f.cpfCnpj, f.dataSaida,
+                    sessao().UsuarioNome, f.pendurado, codOsAut});
+}
+
+QStringList salvarCompleto(Banco& banco, Ordem& o, Situacao situacao, const OpcoesEntrada& opcoes)
+{
+    Ordem trabalho = o;
+    ValoresOrdem::recalcular(trabalho, cfg(sessao().CfgAtivaSer));
+    metadeEntrada(trabalho, opcoes);
+    exigir(sessao().DireitoOsEntAl);
+    const bool copiar = NumeroOrdem::pedeNumeroFabrica(trabalho)
+        && NumeroOrdem::perguntarCopiaFabrica(banco, opcoes.perguntar);
+    if (sessao().DireitoOsTecAl != 1) {
+        // The intake half is stored on its own, as the two separate screens would.
+        Ordem entrada = o;
+        metadeEntrada(entrada, opcoes);
+        GravacaoOrdem::Filhas f;
+        f.sintomas = cfg(sessao().CfgAtivaDef);
+        GravacaoOrdem::gravar(banco, entrada, f, TelaOrdem::Completa, copiar);
+        o = std::move(entrada);
+        throw OrdemRecusada(Recusa::negado());
+    }
+    EstadoOrdem::definirSituacao(trabalho, situacao);
+    if (trabalho.StatusConserto.trimmed().isEmpty())
+        trabalho.StatusConserto = QStringLiteral("SEM RESPOSTA");
+    metadeBancada(trabalho);
+    Transacao tr(banco);
+    GravacaoOrdem::gravar(banco, trabalho, filhasDaBancada(), TelaOrdem::Completa, copiar);
+    QStringList reposicao;
+    if (trabalho.Consertado)
+        reposicao = EstoqueOrdem::baixarNaBancada(banco, trabalho.CodOsAut);
+    tr.commit();
+    if (auto recarregada = GravacaoOrdem::carregar(banco, trabalho.CodOsAut))
+        trabalho = std::move(*recarregada);
+    o = std::move(trabalho);
+    return reposicao;
+}
+
+void excluir(Banco& banco, qint64 codOsAut, TelaOrdem tela)
+{
+    Transacao tr(banco);
+    QSqlQuery q = banco.executar(QStringLiteral("SELECT Saida FROM OrdemServico WHERE CodOsAut = ?"), {codOsAut});
+    if (!q.next())
+        throw OrdemRecusada(Recusa::aviso(QStringLiteral("Sem registro")));
+    if (auto r = TravaOrdem::verificarAlteracao(q.value(0).toLongLong() != 0, false, tela))
+        throw OrdemRecusada(*r);
+    exigir(sessao().DireitoOsEntAl);
+    if (sessao().DireitoPermanente == 1) {
+        banco.executar(QStringLiteral("DELETE FROM PecasAplicadas WHERE CodOsAut = ? AND TipoVisita = ''"), {codOsAut});
+        banco.executar(QStringLiteral("DELETE FROM SintomaOS WHERE CodOsAut = ?"), {codOsAut});
+        banco.executar(QStringLiteral("DELETE FROM ServicoOS WHERE CodOsAut = ?"), {codOsAut});
+        banco.executar(QStringLiteral("DELETE FROM OrdemServico WHERE CodOsAut = ?"), {codOsAut});
+    } else {
+        banco.executar(QStringLiteral("UPDATE OrdemServico SET Excluidos = -1, OsAlterado = ? WHERE CodOsAut = ?"),
+                       {sessao().UsuarioNome, codOsAut});
+    }
+    tr.commit();
+}
+
+void restaurar(Banco& banco, qint64 codOsAut)
+{
+    banco.executar(QStringLiteral("UPDATE OrdemServico SET Excluidos = 0 WHERE CodOsAut = ?"), {codOsAut});
+}
+
+}
