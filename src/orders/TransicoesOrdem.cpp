@@ -30,6 +30,9 @@ void exigirLivre(const Ordem& o, TelaOrdem tela)
 
 bool cfg(const QString& valor) { return Sessao::verdadeiro(valor); }
 
+// Text bound straight into a statement: the empty text, never NULL.
+QString texto(const QString& t) { return t.isNull() ? QStringLiteral("") : t; }
+
 // Transition 1 on the order in memory.
 void metadeEntrada(Ordem& o, const OpcoesEntrada& opcoes)
 {
@@ -138,7 +141,7 @@ void salvarNoPainel(Banco& banco, qint64 codOsAut, Lista lista, std::optional<Si
     if (!ListasPainel::podeAbrir(lista))
         throw OrdemRecusada(Recusa::negado());
     QStringList sets = {QStringLiteral("DataEntrega = ?"), QStringLiteral("DataContato = ?")};
-    QVariantList valores = {Datas::paraBanco(diaPrometido), Datas::hoje()};
+    QVariantList valores = {texto(diaPrometido.isValid() ? Datas::paraBanco(diaPrometido) : QString()), Datas::hoje()};
     if (situacao && *situacao != Situacao::Nenhuma) {
         Ordem o;
         EstadoOrdem::definirSituacao(o, *situacao);
@@ -256,8 +259,8 @@ void fecharNoCaixa(Banco& banco, qint64 codOsAut, const Fechamento& f)
     banco.executar(QStringLiteral("UPDATE OrdemServico SET Armazenado = ?, DtEntrega = -1, ValorPago = ?, "
                                   "ValorDesconto = ?, CpfCnpj = ?, DataSaida = ?, Saida = -1, OsAlterado = ?, "
                                   "Pendurado = ? WHERE CodOsAut = ?"),
-                   {textoSaiu(), f.valorPago.centavos(), f.valorDesconto.centavos(), f.cpfCnpj, f.dataSaida,
-                    sessao().UsuarioNome, f.pendurado, codOsAut});
+                   {textoSaiu(), f.valorPago.centavos(), f.valorDesconto.centavos(), texto(f.cpfCnpj),
+                    texto(f.dataSaida), texto(sessao().UsuarioNome), f.pendurado, codOsAut});
 }
 
 QStringList salvarCompleto(Banco& banco, Ordem& o, Situacao situacao, const OpcoesEntrada& opcoes)
@@ -310,7 +313,7 @@ void excluir(Banco& banco, qint64 codOsAut, TelaOrdem tela)
         banco.executar(QStringLiteral("DELETE FROM OrdemServico WHERE CodOsAut = ?"), {codOsAut});
     } else {
         banco.executar(QStringLiteral("UPDATE OrdemServico SET Excluidos = -1, OsAlterado = ? WHERE CodOsAut = ?"),
-                       {sessao().UsuarioNome, codOsAut});
+                       {texto(sessao().UsuarioNome), codOsAut});
     }
     tr.commit();
 }
