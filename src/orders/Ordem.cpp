@@ -68,6 +68,15 @@ void cadaColuna(F&& f)
 
 } // namespace
 
+bool Ordem::adicionarSintoma(const SintomaOrdem& s)
+{
+    for (const SintomaOrdem& existente : sintomas)
+        if (existente.CodDef == s.CodDef)
+            return false;
+    sintomas << s;
+    return true;
+}
+
 namespace ColunasOrdem {
 
 QStringList nomes()

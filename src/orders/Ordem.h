@@ -67,6 +67,8 @@ struct Ordem {
     QList<PecaAplicada> pecas;
 
     bool nova() const { return CodOsAut == 0; }
+    // The defects are keyed by CodDef: the same defect can't stand twice on an order.
+    bool adicionarSintoma(const SintomaOrdem& s);
 
     // The columns as they were read, so that a save writes only what this station
     // changed and leaves another station's change to other columns alone.

@@ -125,6 +125,25 @@ QStringList salvarBancada(Banco& banco, Ordem& o, Situacao escolhida)
     return reposicao;
 }
 
+void removerPeca(Banco& banco, Ordem& o, int indice)
+{
+    if (indice < 0 || indice >= o.pecas.size())
+        throw OrdemRecusada(Recusa::aviso(QStringLiteral("Não tem item"), QStringLiteral("Proibido")));
+    if (o.pecas.at(indice).ControleEstoque)
+        throw OrdemRecusada(Recusa::aviso(
+            QStringLiteral("Essa peça pode ser excluida somente pelo controle de estoque não é permitido a exclusão "
+                           "por este formulário"),
+            QStringLiteral("Controle de estoque")));
+    if (auto r = TravaOrdem::verificarRemocaoPeca())
+        throw OrdemRecusada(*r);
+    const qint64 chave = o.pecas.at(indice).CodPecAut;
+    if (chave != 0)
+        banco.executar(QStringLiteral("DELETE FROM PecasAplicadas WHERE CodPecAut = ? AND CodOsAut = ?"),
+                       {chave, o.CodOsAut});
+    o.pecas.removeAt(indice);
+    ValoresOrdem::recalcular(o, cfg(sessao().CfgAtivaSer));
+}
+
 void autorizarNaBancada(Ordem& o)
 {
     if (o.Garantia)

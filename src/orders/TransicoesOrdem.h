@@ -34,6 +34,10 @@ void salvarEntrada(Banco& banco, Ordem& o, const OpcoesEntrada& opcoes);
 // from stock. Gives the products that fell under their minimum.
 QStringList salvarBancada(Banco& banco, Ordem& o, Situacao escolhida);
 
+// Bench, "&Remove item": a part under stock control stays; otherwise DireitoAltOrca
+// (lock rule 3). A stored part is deleted at once, and the money is worked out again.
+void removerPeca(Banco& banco, Ordem& o, int indice);
+
 // 3. Bench button "Orça/Autori&zado": not on a warranty order.
 void autorizarNaBancada(Ordem& o);
 

@@ -95,6 +95,44 @@ private slots:
         QCOMPARE(estoque(b.banco(), QStringLiteral("P1")).texto(), QString("6"));
     }
 
+    void removerPeca_data() { linhasMotores(); }
+    void removerPeca()
+    {
+        BANCO_DO_MOTOR(b);
+        inserirProduto(b.banco(), QStringLiteral("P1"), 10);
+        Ordem o = ordem(QStringLiteral("CLIENTE"));
+        TransicoesOrdem::salvarEntrada(b.banco(), o, {});
+        o.pecas = {peca(QStringLiteral("P1"), QStringLiteral("1")), peca(QStringLiteral("P2"), QStringLiteral("1"), 250)};
+        TransicoesOrdem::salvarBancada(b.banco(), o, Situacao::Orcamento);
+        QCOMPARE(o.ValorVenda.texto(), QString("0,00"));  // the save stores what the bench computed
+        sessao().DireitoAltOrca = 0;
+        try {
+            TransicoesOrdem::removerPeca(b.banco(), o, 1);
+            QFAIL("removida sem direito");
+        } catch (const OrdemRecusada& e) {
+            QCOMPARE(e.recusa().seguimento, Recusa::SenhaLiberaAltOs);
+        }
+        sessao().DireitoAltOrca = 1;
+        TransicoesOrdem::removerPeca(b.banco(), o, 1);
+        QCOMPARE(o.pecas.size(), 1);
+        QCOMPARE(o.ValorVenda.texto(), QString("10,00"));
+        QCOMPARE(GravacaoOrdem::carregar(b.banco(), o.CodOsAut)->pecas.size(), 1);
+        // Once under stock control only the stock screen removes it.
+        TransicoesOrdem::salvarBancada(b.banco(), o, Situacao::Consertado);
+        try {
+            TransicoesOrdem::removerPeca(b.banco(), o, 0);
+            QFAIL("removida sob controle de estoque");
+        } catch (const OrdemRecusada& e) {
+            QCOMPARE(e.recusa().titulo, QString("Controle de estoque"));
+        }
+        try {
+            TransicoesOrdem::removerPeca(b.banco(), o, 5);
+            QFAIL("removida sem item");
+        } catch (const OrdemRecusada& e) {
+            QCOMPARE(e.recusa().mensagem, QString("Não tem item"));
+        }
+    }
+
     void abaixoDoMinimo_data() { linhasMotores(); }
     void abaixoDoMinimo()
     {
