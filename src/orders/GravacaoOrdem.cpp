@@ -112,6 +112,22 @@ void gravarPecas(Banco& banco, Ordem& o)
     }
 }
 
+// The children carry the order's number and name as well, for the screens and sheets
+// that show them; they follow a change of either.
+void acompanharNumeroENome(Banco& banco, const Ordem& o)
+{
+    const QVariant codOs = o.lidas.value(QStringLiteral("CodOs"));
+    const QVariant nome = o.lidas.value(QStringLiteral("NomeCliente"));
+    if (codOs == QVariant(o.CodOs) && nome == QVariant(o.NomeCliente))
+        return;
+    banco.executar(QStringLiteral("UPDATE SintomaOS SET CodOs = ?, NomeOS = ? WHERE CodOsAut = ?"),
+                   {o.CodOs, o.NomeCliente, o.CodOsAut});
+    banco.executar(QStringLiteral("UPDATE ServicoOS SET CodOs = ?, NomeOS = ? WHERE CodOsAut = ?"),
+                   {o.CodOs, o.NomeCliente, o.CodOsAut});
+    banco.executar(QStringLiteral("UPDATE PecasAplicadas SET CodOs = ?, NomeCliente = ? "
+                                  "WHERE CodOsAut = ? AND TipoVisita = ''"), {o.CodOs, o.NomeCliente, o.CodOsAut});
+}
+
 } // namespace
 
 std::optional<Ordem> carregar(Banco& banco, qint64 codOsAut)
@@ -161,6 +177,8 @@ void gravar(Banco& banco, Ordem& o, const Filhas& filhas, std::optional<TelaOrde
     }
     ColunasOrdem::escrever(trabalho, rs);
     rs.update();
+    if (!trabalho.nova())
+        acompanharNumeroENome(banco, trabalho);
     trabalho.CodOsAut = rs.chaveAtual();
     if (filhas.sintomas)
         gravarSintomas(banco, trabalho);

@@ -98,6 +98,7 @@ private slots:
         lidoUm = GravacaoOrdem::carregar(b.banco(), um.CodOsAut);
         QCOMPARE(textosSintomas(*lidoUm), textosSintomas(um));
         QCOMPARE(lidoUm->pecas.size(), 2);
+        QCOMPARE(b->escalar(QStringLiteral("SELECT COUNT(*) FROM PecasAplicadas WHERE NomeCliente = '2ABC LTDA'")).toInt(), 2);
 
         // Deleting order 12 for good takes only its own rows.
         sessao().DireitoPermanente = 1;
