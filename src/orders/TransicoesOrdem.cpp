@@ -33,6 +33,63 @@ bool cfg(const QString& valor) { return Sessao::verdadeiro(valor); }
 // Text bound straight into a statement: the empty text, never NULL.
 QString texto(const QString& t) { return t.isNull() ? QStringLiteral("") : t; }
 
+void copiarCliente(const Ordem& de, Ordem& para)
+{
+    para.CodCliente = de.CodCliente;
+    para.NomeCliente = de.NomeCliente;
+    para.CpfCnpj = de.CpfCnpj;
+    para.Endereco = de.Endereco;
+    para.Ncasa = de.Ncasa;
+    para.Bairro = de.Bairro;
+    para.Cidade = de.Cidade;
+    para.Telefone = de.Telefone;
+    para.Celular = de.Celular;
+}
+
+void copiarAparelho(const Ordem& de, Ordem& para)
+{
+    para.Tipo = de.Tipo;
+    para.TipoPorcentagem = de.TipoPorcentagem;
+    para.ValorPorcentagem = de.ValorPorcentagem;
+    para.Marca = de.Marca;
+    para.Modelo = de.Modelo;
+    para.NumeroSerie = de.NumeroSerie;
+    para.CorProduto = de.CorProduto;
+    para.Certificado = de.Certificado;
+    para.NotaFiscal = de.NotaFiscal;
+    para.DataNota = de.DataNota;
+    para.Revendedor = de.Revendedor;
+    para.EstadoAparelho = de.EstadoAparelho;
+    para.Acessorio = de.Acessorio;
+    para.Sintoma = de.Sintoma;
+    para.Observacao = de.Observacao;
+    para.Armazenado = de.Armazenado;
+}
+
+// What the intake half of the whole-order screen owns: the customer, the appliance, the
+// number, the dates and the pick-up flag, onto the order as stored.
+Ordem metadeEntradaDe(Banco& banco, const Ordem& o)
+{
+    Ordem e;
+    if (!o.nova()) {
+        auto guardada = GravacaoOrdem::carregar(banco, o.CodOsAut);
+        if (!guardada)
+            throw ErroBanco(QStringLiteral("Erro ao gravar formulário,"),
+                            QStringLiteral("A ordem de serviço foi excluída em outra estação."));
+        e = std::move(*guardada);
+    }
+    copiarCliente(o, e);
+    copiarAparelho(o, e);
+    e.CodOs = o.CodOs;
+    e.CodFabrica = o.CodFabrica;
+    e.Fabrica = o.Fabrica;
+    e.DataEntrada = o.DataEntrada;
+    e.DataSaida = o.DataSaida;
+    e.ChamadoTecnico = o.ChamadoTecnico;
+    e.sintomas = o.sintomas;
+    return e;
+}
+
 // Transition 1 on the order in memory.
 void metadeEntrada(Ordem& o, const OpcoesEntrada& opcoes)
 {
@@ -217,31 +274,8 @@ void garantiaMesmaOrdem(Ordem& o)
 Ordem garantiaNovaOrdem(const Ordem& antiga)
 {
     Ordem n;
-    n.CodCliente = antiga.CodCliente;
-    n.NomeCliente = antiga.NomeCliente;
-    n.CpfCnpj = antiga.CpfCnpj;
-    n.Endereco = antiga.Endereco;
-    n.Ncasa = antiga.Ncasa;
-    n.Bairro = antiga.Bairro;
-    n.Cidade = antiga.Cidade;
-    n.Telefone = antiga.Telefone;
-    n.Celular = antiga.Celular;
-    n.Tipo = antiga.Tipo;
-    n.TipoPorcentagem = antiga.TipoPorcentagem;
-    n.ValorPorcentagem = antiga.ValorPorcentagem;
-    n.Marca = antiga.Marca;
-    n.Modelo = antiga.Modelo;
-    n.NumeroSerie = antiga.NumeroSerie;
-    n.CorProduto = antiga.CorProduto;
-    n.Certificado = antiga.Certificado;
-    n.NotaFiscal = antiga.NotaFiscal;
-    n.DataNota = antiga.DataNota;
-    n.Revendedor = antiga.Revendedor;
-    n.EstadoAparelho = antiga.EstadoAparelho;
-    n.Acessorio = antiga.Acessorio;
-    n.Sintoma = antiga.Sintoma;
-    n.Observacao = antiga.Observacao;
-    n.Armazenado = antiga.Armazenado;
+    copiarCliente(antiga, n);
+    copiarAparelho(antiga, n);
     n.sintomas = antiga.sintomas;
     // The old departure date is not carried over: the return is in the shop now.
     n.CodFabrica = QString::number(antiga.CodOs);
@@ -291,8 +325,9 @@ QStringList salvarCompleto(Banco& banco, Ordem& o, Situacao situacao, const Opco
     const bool copiar = NumeroOrdem::pedeNumeroFabrica(trabalho)
         && NumeroOrdem::perguntarCopiaFabrica(banco, opcoes.perguntar);
     if (sessao().DireitoOsTecAl != 1) {
-        // The intake half is stored on its own, as the two separate screens would.
-        Ordem entrada = o;
+        // The intake half is stored on its own, as the two separate screens would; what
+        // belongs to the bench stays as it is stored.
+        Ordem entrada = metadeEntradaDe(banco, o);
         metadeEntrada(entrada, opcoes);
         GravacaoOrdem::Filhas f;
         f.sintomas = cfg(sessao().CfgAtivaDef);

@@ -319,11 +319,15 @@ private slots:
         // Without the bench's right the intake half is stored and the refusal follows.
         sessao().DireitoOsTecAl = 0;
         l.Observacao = QStringLiteral("so a entrada");
+        l.DefeitoReal = QStringLiteral("da bancada");
+        l.MaoObra = Dinheiro::deCentavos(1);
         QCOMPARE(recusada([&] { salvarCompleto(b.banco(), l, Situacao::Consertado, {}); }).seguimento,
                  Recusa::Negado);
         const Ordem depois = relida(b.banco(), l);
         QCOMPARE(depois.Observacao, QString("so a entrada"));
         QVERIFY(depois.Orcamento && !depois.Consertado);
+        QVERIFY(depois.DefeitoReal.isEmpty());
+        QCOMPARE(depois.MaoObra.texto(), QString("49,00"));
     }
 
     // 13, 14
