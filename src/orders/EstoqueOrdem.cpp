@@ -1,0 +1,101 @@
+#include "orders/EstoqueOrdem.h"
+
+#include <QSqlQuery>
+
+#include "data/Banco.h"
+#include "data/Datas.h"
+#include "data/Transacao.h"
+
+namespace EstoqueOrdem {
+
+namespace {
+
+enum class Momento { Bancada, Caixa };
+
+struct LinhaPeca {
+    qint64 chave;
+    QString codpeca;
+    QString descricao;
+    Quantidade quantidade;
+    Quantidade baixada;
+};
+
+// A row marked taken before QuantidadeBaixada was kept counts as wholly taken.
+Quantidade jaBaixada(bool baixa, Quantidade baixada, Quantidade quantidade)
+{
+    if (!baixa)
+        return {};
+    return baixada == Quantidade() ? quantidade : baixada;
+}
+
+bool abaixoDoMinimo(Banco& banco, const QString& codpeca)
+{
+    QSqlQuery q = banco.executar(QStringLiteral("SELECT Quantidadeestoque, QuantidadeMinima FROM Produto "
+                                                "WHERE codpeca = ? ORDER BY CodPecAut LIMIT 1"), {codpeca});
+    return q.next() && q.value(1).toLongLong() > q.value(0).toLongLong();
+}
+
+void pedirReposicao(Banco& banco, const QString& descricao)
+{
+    banco.executar(QStringLiteral("INSERT INTO PedidoPeca (Descricao, Quantidade, DataPedido, Solicitado) "
+                                  "VALUES (?, ?, ?, ?)"),
+                   {descricao, QStringLiteral("1"), Datas::hoje(), QStringLiteral("Estoque")});
+}
+
+QStringList baixar(Banco& banco, qint64 codOsAut, Momento momento)
+{
+    Transacao tr(banco);
+    QList<LinhaPeca> linhas;
+    {
+        QSqlQuery q = banco.executar(QStringLiteral(
+            "SELECT CodPecAut, codpeca, Descricao, Quantidade, QuantidadeBaixada, BaixaEstoque FROM PecasAplicadas "
+            "WHERE CodOsAut = ? AND TipoVisita = '' ORDER BY CodPecAut"), {codOsAut});
+        while (q.next()) {
+            const Quantidade quantidade = Quantidade::deMilesimos(q.value(3).toLongLong());
+            linhas << LinhaPeca{q.value(0).toLongLong(), q.value(1).toString(), q.value(2).toString(), quantidade,
+                                jaBaixada(q.value(5).toLongLong() != 0,
+                                          Quantidade::deMilesimos(q.value(4).toLongLong()), quantidade)};
+        }
+    }
+    QStringList reposicao;
+    for (const LinhaPeca& l : linhas) {
+        const bool produto = temProduto(l.codpeca);
+        if (momento == Momento::Bancada)
+            banco.executar(QStringLiteral("UPDATE PecasAplicadas SET ControleEstoque = ? WHERE CodPecAut = ?"),
+                           {l.codpeca == QLatin1String("0000") ? 0 : -1, l.chave});
+        if (!produto)
+            continue;
+        const Quantidade falta = l.quantidade - l.baixada;
+        if (falta > Quantidade()) {
+            retirar(banco, l.codpeca, falta);
+            banco.executar(QStringLiteral("UPDATE PecasAplicadas SET BaixaEstoque = -1, QuantidadeBaixada = ? "
+                                          "WHERE CodPecAut = ?"), {l.quantidade.milesimos(), l.chave});
+        }
+        if (abaixoDoMinimo(banco, l.codpeca)) {
+            pedirReposicao(banco, l.descricao);
+            reposicao << l.descricao;
+        }
+    }
+    tr.commit();
+    return reposicao;
+}
+
+} // namespace
+
+bool temProduto(const QString& codpeca)
+{
+    const QString c = codpeca.trimmed();
+    return !c.isEmpty() && c != QLatin1String("0000") && c.compare(QLatin1String("S/COd"), Qt::CaseInsensitive) != 0;
+}
+
+void retirar(Banco& banco, const QString& codpeca, Quantidade q)
+{
+    banco.executar(QStringLiteral("UPDATE Produto SET Quantidadeestoque = Quantidadeestoque - ? WHERE codpeca = ?"),
+                   {q.milesimos(), codpeca});
+}
+
+QStringList baixarNaBancada(Banco& banco, qint64 codOsAut) { return baixar(banco, codOsAut, Momento::Bancada); }
+
+QStringList baixarNoCaixa(Banco& banco, qint64 codOsAut) { return baixar(banco, codOsAut, Momento::Caixa); }
+
+}
