@@ -18,6 +18,7 @@
 #include "data/Numeracao.h"
 #include "data/Recordset.h"
 #include "data/Transacao.h"
+#include "orders/ListasPainel.h"
 
 namespace {
 
@@ -43,6 +44,7 @@ int main(int argc, char** argv)
     p.addOption({"abertas", "orders still in the shop", "n", "10000"});
     p.addOption({"pasta", "folder of the store", "dir", QDir::temp().filePath("toldex-bench")});
     p.addOption({"postgres", "use the PostgreSQL of TOLDEX_PG_HOST/TOLDEX_PG_PORT"});
+    p.addOption({"sem-analyze", "do not gather the planner's statistics after filling"});
     p.process(app);
     const int ordens = p.value("ordens").toInt();
     const int clientes = p.value("clientes").toInt();
@@ -70,9 +72,7 @@ int main(int argc, char** argv)
             b->executar("DELETE FROM Cliente");
             Carga::clientes(*b, clientes);
             Carga::ordens(*b, ordens, abertas, clientes);
-            if (c.motor == Motor::SQLite)
-                b->executar("ANALYZE");
-            else
+            if (!p.isSet("sem-analyze"))
                 b->executar("ANALYZE");
         }
 
@@ -98,6 +98,16 @@ int main(int argc, char** argv)
         m << mede("Estado: contagem Aprovado & Consertado & Saida & Excluidos", 50, [&] {
             conta(*b, "OrdemServico", Busca::porEstado({"Aprovado", "Consertado", "Saida", "Excluidos"}, {-1, -1, 0, 0}));
         });
+        const QList<std::pair<Lista, QString>> listas = {
+            {Lista::Autorizado, "Autorizado"}, {Lista::AguardaPeca, "Aguarda peça"}, {Lista::Consertado, "Consertado"},
+            {Lista::Devolver, "Devolver"}, {Lista::Pendente, "Pendente"}, {Lista::NaFila, "Na Fila"},
+            {Lista::NaoAutorizado, "Não Autorizado"}, {Lista::Visita, "Visita técnica"}};
+        for (const auto& [lista, nome] : listas) {
+            m << mede(QStringLiteral("Painel: contagem \"%1\"").arg(nome), 10, [&] { ListasPainel::contar(*b, lista); });
+            int n = 0;
+            m << mede(QStringLiteral("Painel: linhas \"%1\"").arg(nome), 10, [&] { n = ListasPainel::linhas(*b, lista).size(); });
+            m.last().nome += QStringLiteral(" (%1)").arg(n);
+        }
         m << mede("Número novo de O.S (sem gravar)", 2, [&] {
             Transacao tr(*b);
             Numeracao::proximoCodigo(*b, "OrdemServico", "CodOs");
