@@ -185,12 +185,15 @@ Reconecta::Reconecta(QWidget* pai)
     m_opcao[1]->setChecked(servidor);
     m_opcao[0]->setChecked(!servidor && estacao);
     m_caminho->setText(servidor ? caminhoDe(s.MaquinaNome) : ini.ler(Secao, QStringLiteral("Caminho")));
-    const ConfigBanco c = Local::lerConfig();
-    m_motor->setCurrentIndex(c.motor == Motor::PostgreSQL ? 1 : 0);
-    m_host->setText(c.host);
-    m_porta->setText(QString::number(c.porta));
-    m_nomeBanco->setText(c.nomeBanco);
-    m_usuario->setText(c.usuario);
+    const ConfigBanco padrao;
+    const bool motorPg = ini.ler(Secao, QStringLiteral("Motor")).compare(QLatin1String("PostgreSQL"), Qt::CaseInsensitive) == 0;
+    m_motor->setCurrentIndex(motorPg ? 1 : 0);
+    const QString porta = ini.ler(Secao, QStringLiteral("PortaBanco"));
+    const QString nome = ini.ler(Secao, QStringLiteral("NomeBanco"));
+    m_host->setText(ini.ler(Secao, QStringLiteral("HostBanco")));
+    m_porta->setText(porta.isEmpty() ? QString::number(padrao.porta) : porta);
+    m_nomeBanco->setText(nome.isEmpty() ? padrao.nomeBanco : nome);
+    m_usuario->setText(ini.ler(Secao, QStringLiteral("UsuarioBanco")));
     mudarMotor();
 
     connect(m_opcao[0], &QRadioButton::clicked, this, &Reconecta::escolherEstacao);
