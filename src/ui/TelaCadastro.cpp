@@ -79,7 +79,9 @@ bool TelaCadastro::iniciar()
     // The last button is close: a screen with no buttons of its own gets one here.
     if (m_botoes.size() == 2)
         adicionaBotao(QStringLiteral("&Fechar"));
-    connect(m_botoes.last(), &QPushButton::clicked, this, &TelaCadastro::fechar);
+    if (m_indiceFechar < 0)
+        m_indiceFechar = m_botoes.size() - 1;
+    connect(m_botoes[m_indiceFechar], &QPushButton::clicked, this, &TelaCadastro::fechar);
     for (const CampoCadastro& c : std::as_const(m_campos))
         preparaCampo(c);
     if (m_def.buscaViva)
@@ -316,12 +318,12 @@ void TelaCadastro::ajustaBotoes()
         m_carregando = false;
         bloqueiaCampos();
         m_novo = m_alterado = false;
-        for (int i = 1; i < m_botoes.size() - 1; ++i)
-            m_botoes[i]->setEnabled(false);
+        for (int i = 1; i < m_botoes.size(); ++i)
+            m_botoes[i]->setEnabled(i == m_indiceFechar);
     } else {
         mostraAtual();
         liberaCampos();
-        for (int i = 1; i < m_botoes.size() - 1; ++i)
+        for (int i = 1; i < m_botoes.size(); ++i)
             m_botoes[i]->setEnabled(true);
     }
     m_botoes[0]->setText(Incluir);
@@ -405,6 +407,8 @@ void TelaCadastro::salvarOuExcluir()
 void TelaCadastro::escreveCampo(Recordset& rs, const CampoCadastro& c)
 {
     using T = CampoCadastro::Tipo;
+    if (c.coluna.isEmpty())
+        return;
     switch (c.tipo) {
     case T::Exibicao:
         return;
@@ -540,8 +544,8 @@ void TelaCadastro::excluir()
             m_carregando = false;
             bloqueiaCampos();
             m_novo = m_alterado = false;
-            for (int i = 1; i <= 3 && i < m_botoes.size() - 1; ++i)
-                m_botoes[i]->setEnabled(false);
+            for (int i = 1; i <= 3 && i < m_botoes.size(); ++i)
+                m_botoes[i]->setEnabled(i == m_indiceFechar);
         }
     } catch (const ErroBanco& e) {
         Dialogos::erro(this, QStringLiteral("Erro ao excluir registro,"), e.textoCompleto());
@@ -616,7 +620,7 @@ void TelaCadastro::mostraRegistro(const Recordset& rs)
 {
     using T = CampoCadastro::Tipo;
     for (const CampoCadastro& c : std::as_const(m_campos)) {
-        if (!c.widget)
+        if (!c.widget || c.coluna.isEmpty())
             continue;
         switch (c.tipo) {
         case T::Flag:

@@ -26,7 +26,7 @@ struct CampoCadastro {
         Exibicao   // a label showing a value the user can't type (the code); never written
     };
     QWidget* widget = nullptr;
-    QString coluna;
+    QString coluna;  // empty: the screen copies this field itself
     Tipo tipo = Tipo::Texto;
 };
 
@@ -91,8 +91,10 @@ protected:
     QWidget* corpo() const { return m_corpo; }
     DefCadastro& def() { return m_def; }
     QList<CampoCadastro>& campos() { return m_campos; }
-    // Buttons beyond 0 and 1, in index order; the last one added is close.
+    // Buttons beyond 0 and 1, in index order; the last one added is close unless the
+    // screen names another with definirBotaoFechar.
     QPushButton* adicionaBotao(const QString& texto, const QString& dica = {});
+    void definirBotaoFechar(int indice) { m_indiceFechar = indice; }
     // Connects, paints, opens the rows and sets the buttons. False when the store can't
     // be opened (the notice that leads to the reconnection has been shown).
     bool iniciar();
@@ -153,4 +155,5 @@ private:
     bool m_incluiExcluidos = false;  // after a new record the list is the whole table
     Condicao m_filtroBusca;
     int m_total = 0;
+    int m_indiceFechar = -1;
 };
