@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -47,6 +48,18 @@ AvisoTransitorio::AvisoTransitorio(const QString& texto, int vidaMs, bool pintaF
     else
         setAutoFillBackground(true);
 
+}
+
+void AvisoTransitorio::showEvent(QShowEvent* e)
+{
+    // In the middle of the window the user works in, or of the screen.
+    adjustSize();
+    const QWidget* ativa = QApplication::activeWindow();
+    const QRect area = ativa && ativa != this ? ativa->frameGeometry()
+                                              : (screen() ? screen()->availableGeometry() : QRect());
+    if (area.isValid())
+        move(area.center() - rect().center());
+    QWidget::showEvent(e);
 }
 
 QString AvisoTransitorio::texto() const { return m_rotulo->text(); }

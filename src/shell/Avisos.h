@@ -22,6 +22,7 @@ public slots:
     void expira();
 protected:
     virtual void aoFechar() {}
+    void showEvent(QShowEvent* e) override;
     QLabel* m_rotulo = nullptr;
     QLabel* m_segunda = nullptr;
 private:
