@@ -1,10 +1,9 @@
 #include "shell/MenuLateral.h"
 
-#include <QApplication>
 #include <QFileInfo>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
-#include <QStyle>
 #include <QTime>
 #include <QTimer>
 #include <QToolBox>
@@ -39,6 +38,30 @@ Acao programa(const char* texto, const char* direito, const QString& chave)
 Acao pagina(const char* texto, const QString& chave)
 {
     return {QString(), QString::fromUtf8(texto), QString(), false, Tipo::Pagina, chave, QString()};
+}
+
+// Without a photo the user is shown by the initials of the name, on a round badge.
+QPixmap iniciais(const QString& nome, int lado)
+{
+    QPixmap p(lado, lado);
+    p.fill(Qt::transparent);
+    QPainter pintor(&p);
+    pintor.setRenderHint(QPainter::Antialiasing);
+    pintor.setPen(Qt::NoPen);
+    pintor.setBrush(nome.isEmpty() ? QColor(0x9e, 0x9e, 0x9e) : QColor(0x2e, 0x6d, 0xa4));
+    pintor.drawEllipse(p.rect().adjusted(2, 2, -2, -2));
+    QString letras;
+    const QStringList partes = nome.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString& parte : partes)
+        if (letras.size() < 2)
+            letras += parte.left(1).toUpper();
+    QFont f = pintor.font();
+    f.setPixelSize(lado * 2 / 5);
+    f.setBold(true);
+    pintor.setFont(f);
+    pintor.setPen(Qt::white);
+    pintor.drawText(p.rect(), Qt::AlignCenter, letras.isEmpty() ? QStringLiteral("?") : letras);
+    return p;
 }
 
 } // namespace
@@ -181,9 +204,7 @@ void MenuLateral::atualizarUsuario()
     if (!s.UsuarioImagem.isEmpty() && QFileInfo(s.UsuarioImagem).isFile())
         foto.load(s.UsuarioImagem);
     if (foto.isNull())
-        foto = QApplication::windowIcon().pixmap(64, 64);
-    if (foto.isNull())
-        foto = style()->standardIcon(QStyle::SP_DirHomeIcon).pixmap(64, 64);
+        foto = iniciais(s.UsuarioNome, m_imagem->height());
     m_imagem->setPixmap(foto.scaled(m_imagem->height(), m_imagem->height(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 

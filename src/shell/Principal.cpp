@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
+#include <QTimer>
 
 #include "data/Datas.h"
 #include "data/Sessao.h"
@@ -143,8 +144,9 @@ Principal::Principal(QWidget* pai)
 
     criarMenus();
 
+    // The reminder comes once the window stands, not over an empty screen.
     if (empresa.lida && empresa.semBackup)
-        Dialogos::mensagem(this, QStringLiteral("Faça o backup do Banco de dados"), Titulo);
+        QTimer::singleShot(0, this, [this] { Dialogos::mensagem(this, QStringLiteral("Faça o backup do Banco de dados"), Titulo); });
 
     m_versao = new VerificaVersao(this);
     connect(m_versao, &VerificaVersao::terminou, this, [this](VerificaVersao::Resultado r) { aoVerificar(static_cast<int>(r)); });

@@ -7,6 +7,7 @@
 #include <QSysInfo>
 #include <QVBoxLayout>
 
+#include "shell/ProgramasExternos.h"
 #include "ui/Dialogos.h"
 #include "ui/RegistroTelas.h"
 
@@ -25,12 +26,15 @@ frmAbout::frmAbout(QWidget* pai)
                                                 "estoque, caixa e clientes."), this);
     descricao->setObjectName(QStringLiteral("lblDescription"));
     descricao->setWordWrap(true);
+    auto* contato = new QLabel(QStringLiteral("Suporte e atualizações: %1").arg(ProgramasExternos::endereco(ProgramasExternos::Site)), this);
+    contato->setObjectName(QStringLiteral("lblContato"));
     auto* versao = new QLabel(textoVersao(), this);
     versao->setObjectName(QStringLiteral("lblVersion"));
     auto* qt = new QLabel(QStringLiteral("Qt %1").arg(QString::fromLatin1(qVersion())), this);
     qt->setObjectName(QStringLiteral("lblQt"));
     l->addWidget(titulo);
     l->addWidget(descricao);
+    l->addWidget(contato);
     l->addWidget(versao);
     l->addWidget(qt);
     auto* botoes = new QHBoxLayout;

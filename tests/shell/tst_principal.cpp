@@ -1,6 +1,8 @@
 #include <QAction>
 #include <QDesktopServices>
 #include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -72,7 +74,12 @@ private slots:
         emit menu->aboutToShow();
         QVERIFY(mov->isEnabled());
         mov->trigger();
-        QVERIFY(RegistroTelas::aberta(alvo));
+        QWidget* tela = RegistroTelas::aberta(alvo);
+        QVERIFY(tela);
+        // A plain screen is a child of the work area.
+        auto* sub = qobject_cast<QMdiSubWindow*>(tela->parentWidget());
+        QVERIFY(sub);
+        QCOMPARE(sub->mdiArea(), p.areaTrabalho());
     }
 
     void caption_e_avisoDeBackup_data()
@@ -89,6 +96,9 @@ private slots:
         m_amb->sql("UPDATE Empresa SET DataBackup = ?", {dataBackup});
         Principal p;
         QCOMPARE(p.windowTitle(), QStringLiteral("[%1] Oficina Zé").arg(QStringLiteral(TOLDEX_VERSAO)));
+        if (avisa)
+            QTRY_VERIFY(Dialogos::Roteiro::contem("Faça o backup do Banco de dados"));
+        QCoreApplication::processEvents();
         QCOMPARE(Dialogos::Roteiro::contem("Faça o backup do Banco de dados"), avisa);
         QCOMPARE(RegistroTelas::areaMdi(), p.areaTrabalho());
         m_amb->sql("UPDATE Empresa SET DataBackup = ?", {Datas::hoje()});
