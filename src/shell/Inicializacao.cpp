@@ -110,8 +110,8 @@ void Inicializacao::depoisDaTelaInicial()
     // The first window opens the main window itself after a good password; when it closes
     // without a user (the "end" button, the fourth wrong password, a second copy of the
     // program), the program ends.
-    if (Principal* p = Principal::instancia()) {
-        connect(p, &QObject::destroyed, qApp, &QCoreApplication::quit, Qt::UniqueConnection);
+    if (Principal::instancia()) {
+        abrirPrincipal();   // already open: only brought to the front
         return;
     }
     if (sessao().UsuarioNome.isEmpty()) {
@@ -129,5 +129,11 @@ void Inicializacao::abrirPrincipal()
         return;
     }
     w->showMaximized();
-    connect(w, &QObject::destroyed, qApp, &QCoreApplication::quit);
+    connect(w, &QObject::destroyed, qApp, &QCoreApplication::quit, Qt::UniqueConnection);
+    // The day starts on the quick search, with the pending work beside it.
+    if (!sessao().UsuarioNome.isEmpty()) {
+        RegistroTelas::abrir(QStringLiteral("Pendencia"));
+        if (QWidget* busca = RegistroTelas::abrir(QStringLiteral("BuscaRapida")))
+            busca->setFocus();
+    }
 }
