@@ -19,6 +19,7 @@
 #include "shell/EntradaUsuario.h"
 #include "shell/InstanciaUnica.h"
 #include "shell/Programa.h"
+#include "shell/ProgramasExternos.h"
 #include "shell/Usuarios.h"
 #include "ui/Dialogos.h"
 #include "ui/Pintura.h"
@@ -70,10 +71,17 @@ TelaInicial::TelaInicial(QWidget* pai) : QWidget(pai, Qt::Window)
     contato->setObjectName(QStringLiteral("LblContato"));
     contato->setAlignment(Qt::AlignCenter);
     raiz->addWidget(contato);
+    const QString site = ProgramasExternos::endereco(ProgramasExternos::Site);
+    auto* web = new QLabel(QStringLiteral("<a href=\"%1\">%1</a>").arg(site.toHtmlEscaped()), this);
+    web->setObjectName(QStringLiteral("LblSite"));
+    web->setAlignment(Qt::AlignCenter);
+    connect(web, &QLabel::linkActivated, this,
+            [this] { ProgramasExternos::abrirPagina(ProgramasExternos::Site, this); });
+    raiz->addWidget(web);
     connect(entra, &QPushButton::clicked, this, &TelaInicial::entrar);
     connect(sai, &QPushButton::clicked, this, &TelaInicial::sair);
     Pintura::pinta(this);
-    resize(420, 260);
+    resize(420, 290);
     carregar();
 }
 
