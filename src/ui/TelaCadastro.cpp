@@ -126,6 +126,7 @@ void TelaCadastro::preparaCampo(const CampoCadastro& c)
                 marcaAlterado();
         });
         if (cb->lineEdit()) {
+            cb->lineEdit()->installEventFilter(this);  // Enter moves on from a combo too
             Campos::preparaLinha(cb->lineEdit(), false);
             connect(cb->lineEdit(), &QLineEdit::textEdited, this, [this] {
                 if (!m_carregando)
@@ -383,7 +384,10 @@ bool TelaCadastro::precisaSenha() const
 void TelaCadastro::pedeSenha()
 {
     sessao().SenhaOrigem = m_def.senhaOrigem;
-    RegistroTelas::abrir(QStringLiteral("SenhaPde"));
+    // A closing that waits for the password waits only while the password screen stands:
+    // given, it has pressed the save already; cancelled, the screen just stays open.
+    if (QWidget* senha = RegistroTelas::abrir(QStringLiteral("SenhaPde")))
+        connect(senha, &QObject::destroyed, this, [this] { m_fecharAposSalvar = false; });
 }
 
 void TelaCadastro::salvarOuExcluir()

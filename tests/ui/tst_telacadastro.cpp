@@ -311,6 +311,25 @@ private slots:
         sessao().SenhaObrigatoria = 0;
     }
 
+    void senhaCanceladaNaoFechaDepois()
+    {
+        cliente(1, "ANA");
+        abre();
+        sessao().SenhaObrigatoria = -1;
+        sessao().SenhaLiberada = 0;
+        digita(tela->nome, "Z");
+        Dialogos::Roteiro::responderSim();
+        QVERIFY(!tela->close());
+        QPointer<QWidget> senha = RegistroTelas::aberta("SenhaPde");
+        QVERIFY(senha);
+        senha->close();  // the user gives up on the password
+        QTRY_VERIFY(!senha);
+        sessao().SenhaObrigatoria = 0;
+        QTest::mouseClick(botao(1), Qt::LeftButton);  // a later save of its own
+        QCOMPARE(coluna("NomeCliente", 1).toString(), QString("ANAZ"));
+        QVERIFY(tela->isVisible());
+    }
+
     void letrasMaiusculasEEnterAvanca()
     {
         sessao().CfgTipoLetra = "True";
