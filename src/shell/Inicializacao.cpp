@@ -129,7 +129,10 @@ void Inicializacao::abrirPrincipal()
         return;
     }
     w->showMaximized();
-    connect(w, &QObject::destroyed, qApp, &QCoreApplication::quit, Qt::UniqueConnection);
+    if (w != m_principal) {
+        m_principal = w;
+        connect(w, &QObject::destroyed, qApp, [] { QCoreApplication::quit(); });
+    }
     // The day starts on the quick search, with the pending work beside it.
     if (!sessao().UsuarioNome.isEmpty()) {
         RegistroTelas::abrir(QStringLiteral("Pendencia"));

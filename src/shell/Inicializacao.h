@@ -1,6 +1,8 @@
 #pragma once
 #include <QObject>
 
+class QWidget;
+
 // The program's start: the settings of this machine, the store (brought up to date),
 // the first window with the login, then the main window, which lives to the end.
 class Inicializacao : public QObject {
@@ -22,6 +24,7 @@ private:
     void depoisDaTelaInicial();
     void abrirPrincipal();
 
+    QWidget* m_principal = nullptr;
     bool m_bancoPronto = false;
     bool m_telaInicialAberta = false;
 };
