@@ -264,12 +264,21 @@ void Principal::sessaoMudou(const QString& sufixo)
 
 void Principal::reconectado()
 {
+    atualizarEmpresa();
+}
+
+void Principal::atualizarEmpresa()
+{
     const DadosEmpresa empresa = LeEmpresa();
     if (empresa.lida) {
         m_testeOk = empresa.testeOk;
         setWindowTitle(QStringLiteral("[%1] %2").arg(QStringLiteral(TOLDEX_VERSAO), empresa.nomeEmpresa).trimmed());
     }
+    pintarFundo();
+    m_imagem->carregar();
     m_barra->atualizar(m_testeOk);
+    m_menuLateral->atualizarItens();
+    atualizarMenus();
 }
 
 void Principal::encerrarParaAtualizar()

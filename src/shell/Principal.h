@@ -53,6 +53,9 @@ public slots:
     void sessaoMudou(const QString& sufixo = QStringLiteral(" Sair"));
     // After Reconecta: Empresa is read again and the status bar refreshed.
     void reconectado();
+    // After the settings change (the configuration screen calls it by name): Empresa,
+    // the caption, the colours, the picture and the status bar are read again.
+    void atualizarEmpresa();
     void atualizarMenus();
     void mostrarMenuLateral();
     // Ends at once, without the closing questions (the updater is taking over).

@@ -12,6 +12,7 @@
 #include "AmbienteShell.h"
 #include "data/Datas.h"
 #include "shell/BarraStatus.h"
+#include "shell/ImagemPrincipal.h"
 #include "shell/Principal.h"
 #include "ui/Dialogos.h"
 
@@ -101,7 +102,11 @@ private slots:
         QCoreApplication::processEvents();
         QCOMPARE(Dialogos::Roteiro::contem("Faça o backup do Banco de dados"), avisa);
         QCOMPARE(RegistroTelas::areaMdi(), p.areaTrabalho());
-        m_amb->sql("UPDATE Empresa SET DataBackup = ?", {Datas::hoje()});
+        // The settings screen saves and asks the main window to read them again.
+        m_amb->sql("UPDATE Empresa SET NomeEmpresa = ?, DataBackup = ?", {QStringLiteral("Oficina Nova"), Datas::hoje()});
+        QVERIFY(QMetaObject::invokeMethod(&p, "atualizarEmpresa"));
+        QCOMPARE(p.windowTitle(), QStringLiteral("[%1] Oficina Nova").arg(QStringLiteral(TOLDEX_VERSAO)));
+        m_amb->sql("UPDATE Empresa SET NomeEmpresa = ?", {QStringLiteral("Oficina Zé")});
     }
 
     void entradasAbremOuNegam_data()
@@ -291,6 +296,34 @@ private slots:
         QVERIFY(sobre->findChild<QLabel*>("lblVersion")->text().contains(QStringLiteral(TOLDEX_VERSAO)));
         QTest::mouseClick(sobre->findChild<QPushButton*>("cmdSysInfo"), Qt::LeftButton);
         QVERIFY(Dialogos::Roteiro::ultimoTexto().contains(QStringLiteral("Qt %1").arg(qVersion())));
+    }
+
+    // The shop's picture fills the work area and follows its size; the sheets' picture
+    // is kept aside.
+    void imagemAcompanhaAAreaDeTrabalho()
+    {
+        QImage foto(400, 200, QImage::Format_RGB32);
+        foto.fill(Qt::darkGreen);
+        const QString arquivo = m_amb->pasta() + "/loja.png";
+        QVERIFY(foto.save(arquivo));
+        m_amb->gravarIni("Imagem", "Foto", arquivo);
+        m_amb->gravarIni("Imagem", "FotoImprimir", arquivo);
+        Principal p;
+        p.resize(1000, 700);
+        p.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&p));
+        auto* imagem = p.findChild<ImagemPrincipal*>("ImagemPrincipal");
+        QVERIFY(imagem && imagem->temImagem());
+        QVERIFY(!imagem->imagemImprimir().isNull());
+        auto* logo = imagem->findChild<QLabel*>("Logo");
+        QWidget* area = p.areaTrabalho()->viewport();
+        QTRY_COMPARE(imagem->size(), area->size());
+        QCOMPARE(logo->pixmap().width(), qMin(area->width(), area->height() * 2));
+        p.resize(1200, 760);
+        QTRY_COMPARE(imagem->size(), area->size());
+        QCOMPARE(logo->pixmap().width(), qMin(area->width(), area->height() * 2));
+        m_amb->gravarIni("Imagem", "Foto", "");
+        m_amb->gravarIni("Imagem", "FotoImprimir", "");
     }
 
     void menuSemAcaoEMenuLateral()
