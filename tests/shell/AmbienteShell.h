@@ -9,6 +9,7 @@
 #include "data/ArquivoIni.h"
 #include "data/Banco.h"
 #include "data/Conexoes.h"
+#include "data/Esquema.h"
 #include "data/Local.h"
 #include "data/Sessao.h"
 #include "ui/RegistroTelas.h"
@@ -45,18 +46,12 @@ public:
             RegistroTelas::registrar(nome, [] { return new QWidget; });
     }
 
+    // Every right of the session, found through the user table's columns that carry one.
     static void todosOsDireitos(int valor)
     {
-        Sessao& s = sessao();
-        for (const char* n : {"DireitoClienteLe", "DireitoClienteAl", "DireitoOsEntLe", "DireitoOsEntAl",
-                              "DireitoOsSaiLe", "DireitoOsSaiAl", "DireitoOsTecLe", "DireitoOsTecAl",
-                              "DireitoProdutoLe", "DireitoProdutoAl", "DireitoFornecedorLe", "DireitoFornecedorAl",
-                              "DireitoFuncionarioLe", "DireitoFuncionarioAl", "DireitoVendasLe", "DireitoVendasAl",
-                              "DireitoPedidoLe", "DireitoPedidoAl", "DireitochequeLe", "DireitochequeAl",
-                              "DireitoContaLe", "DireitoContaAl", "DireitoMovimento", "DireitoBackup",
-                              "DireitoTesteBackup", "DireitoConfiguracao", "DireitoRegistro", "DireitoPermanente",
-                              "DireitoAltOrca", "DireitoAltOs"})
-            *s.direito(QLatin1String(n)) = valor;
+        for (const DefColuna& c : Esquema::tabela(QStringLiteral("Usuario"))->colunas)
+            if (int* d = sessao().direito(QStringLiteral("Direito") + c.nome))
+                *d = valor;
     }
 
     static void fecharTelas()
