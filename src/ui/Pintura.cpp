@@ -9,6 +9,9 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QScreen>
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QTextEdit>
@@ -61,6 +64,21 @@ void pinta(QWidget* tela)
         else if (qobject_cast<QLabel*>(w) || qobject_cast<QGroupBox*>(w) || qobject_cast<QCheckBox*>(w)
                  || qobject_cast<QRadioButton*>(w) || (qobject_cast<QFrame*>(w) && !w->parentWidget()->inherits("QAbstractScrollArea")))
             fundo(w, f);
+    }
+}
+
+void centra(QWidget* tela)
+{
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(tela->parentWidget())) {
+        if (QMdiArea* area = sub->mdiArea()) {
+            const QRect r = area->viewport()->rect();
+            sub->move(qMax(0, r.center().x() - sub->width() / 2), qMax(0, r.center().y() - sub->height() / 2));
+        }
+        return;
+    }
+    if (tela->isWindow() && tela->screen()) {
+        const QRect r = tela->screen()->availableGeometry();
+        tela->move(r.center() - tela->rect().center());
     }
 }
 

@@ -11,4 +11,6 @@ namespace Pintura {
 QColor corFundo();
 QColor corCampo();
 void pinta(QWidget* tela);
+// Places a screen in the middle of the main window's work area (or of the screen).
+void centra(QWidget* tela);
 }

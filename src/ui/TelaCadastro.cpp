@@ -645,3 +645,12 @@ void TelaCadastro::mostraRegistro(const Recordset& rs)
         }
     }
 }
+
+void TelaCadastro::showEvent(QShowEvent* e)
+{
+    QWidget::showEvent(e);
+    if (!m_centrada) {
+        m_centrada = true;
+        Pintura::centra(this);
+    }
+}

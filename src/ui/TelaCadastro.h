@@ -119,6 +119,7 @@ protected:
     bool carregando() const { return m_carregando; }
 
     void closeEvent(QCloseEvent* e) override;
+    void showEvent(QShowEvent* e) override;
     bool eventFilter(QObject* alvo, QEvent* e) override;
 
 private:
@@ -156,4 +157,5 @@ private:
     Condicao m_filtroBusca;
     int m_total = 0;
     int m_indiceFechar = -1;
+    bool m_centrada = false;
 };

@@ -205,3 +205,12 @@ void TelaPesquisa::closeEvent(QCloseEvent* e)
     m_chamadores.clear();
     e->accept();
 }
+
+void TelaPesquisa::showEvent(QShowEvent* e)
+{
+    QWidget::showEvent(e);
+    if (!m_centrada) {
+        m_centrada = true;
+        Pintura::centra(this);
+    }
+}

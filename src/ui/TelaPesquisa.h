@@ -63,6 +63,7 @@ protected:
     bool iniciar();
     QVBoxLayout* layoutTopo() const { return m_topo; }
     void closeEvent(QCloseEvent* e) override;
+    void showEvent(QShowEvent* e) override;
     bool eventFilter(QObject* alvo, QEvent* e) override;
 
 private:
@@ -78,4 +79,5 @@ private:
     QList<QPair<QString, Acao>> m_chamadores;
     int m_opcao = 0;
     int m_linhaEscolhida = -1;
+    bool m_centrada = false;
 };
