@@ -310,6 +310,14 @@ bool Reconecta::validar(bool servidor, QString* pasta)
             Titulo, Dialogos::Icone::Aviso);
         return false;
     }
+    // A workstation only opens the server's store, never starts an empty one beside it.
+    if (!servidor && !QFileInfo::exists(QDir(*pasta).filePath(NomeArquivoBanco))) {
+        Dialogos::mensagem(this,
+            QStringLiteral("A pasta %1 não contém o banco de dados (%2).\n"
+                           "Confira se é a pasta compartilhada do servidor.\nNada foi alterado.").arg(*pasta, NomeArquivoBanco),
+            Titulo, Dialogos::Icone::Aviso);
+        return false;
+    }
     if (!f.isWritable()) {
         Dialogos::mensagem(this,
             QStringLiteral("A pasta do banco de dados não permite gravação:\n%1\n"

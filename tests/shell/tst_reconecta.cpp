@@ -106,6 +106,7 @@ private slots:
         QTest::addColumn<QString>("caso");
         QTest::addColumn<QString>("mensagem");
         QTest::newRow("folder that doesn't exist") << "falta" << "não foi encontrada";
+        QTest::newRow("folder without the store") << "vazia" << "não contém o banco de dados";
         QTest::newRow("folder without write access") << "leitura" << "não permite gravação";
     }
     void pastaRuimNadaMuda()
@@ -114,10 +115,13 @@ private slots:
         QFETCH(QString, mensagem);
         QTemporaryDir base;
         QString pasta = base.path() + "/naoexiste";
+        if (caso == "vazia")
+            pasta = base.path();
         if (caso == "leitura") {
             if (geteuid() == 0)
                 QSKIP("root writes anywhere");
             pasta = base.path();
+            QFile(pasta + "/" + NomeArquivoBanco).open(QIODevice::WriteOnly);
             QFile::setPermissions(pasta, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
         }
         const QByteArray antes = conteudoIni();
