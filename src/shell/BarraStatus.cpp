@@ -96,9 +96,13 @@ void BarraStatus::desativarUsuario()
     // The leave is the login screen's own action (its button "Sair"); the shell only
     // reaches it by name.
     QWidget* login = RegistroTelas::abrir(QStringLiteral("Login"));
-    if (login && login->metaObject()->indexOfMethod("sair()") >= 0)
+    if (login && login->metaObject()->indexOfMethod("sair()") >= 0) {
         QMetaObject::invokeMethod(login, "sair");
-    else
+    } else {
+        // Without the login screen the leave is still a leave: nothing stays allowed.
         sessao().zerarDireitos();
+        RegistroTelas::fechar(QStringLiteral("Pendencia"));
+        RegistroTelas::fechar(QStringLiteral("BuscaRapida"));
+    }
     emit usuarioSaiu();
 }

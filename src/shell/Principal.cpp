@@ -149,19 +149,15 @@ Principal::Principal(QWidget* pai)
         QTimer::singleShot(0, this, [this] { Dialogos::mensagem(this, QStringLiteral("Faça o backup do Banco de dados"), Titulo); });
 
     m_versao = new VerificaVersao(this);
-    connect(m_versao, &VerificaVersao::terminou, this, [this](VerificaVersao::Resultado r) { aoVerificar(static_cast<int>(r)); });
+    connect(m_versao, &VerificaVersao::terminou, this, &Principal::aoVerificar);
     connect(m_aviso, &AvisoPrincipal::encerrar, this, &Principal::encerrarParaAtualizar);
     connect(m_menuLateral, &MenuLateral::relogio, m_barra, &BarraStatus::atualizarData);
     connect(m_menuLateral, &MenuLateral::relogio, this, &Principal::atualizarMenus);
     connect(m_menuLateral, &MenuLateral::usuarioMudou, this, [this] { sessaoMudou(); });
-    connect(m_barra, &BarraStatus::usuarioSaiu, this, [this] {
-        RegistroTelas::fechar(QStringLiteral("Pendencia"));
-        RegistroTelas::fechar(QStringLiteral("BuscaRapida"));
-        sessaoMudou();
-    });
+    connect(m_barra, &BarraStatus::usuarioSaiu, this, [this] { sessaoMudou(QString()); });
     auto& avisos = AvisosReconexao::instancia();
     connect(&avisos, &AvisosReconexao::desconectado, this, [this] { m_barra->mostrarDesconectado(); });
-    connect(&avisos, &AvisosReconexao::reconectado, this, &Principal::reconectado);
+    connect(&avisos, &AvisosReconexao::reconectado, this, &Principal::atualizarEmpresa);
     connect(&avisos, &AvisosReconexao::fechada, this, [this] { m_barra->atualizar(m_testeOk); });
     verificarVersao();
 }
@@ -248,9 +244,9 @@ void Principal::verificarVersao()
     m_versao->iniciar();
 }
 
-void Principal::aoVerificar(int resultado)
+void Principal::aoVerificar(VerificaVersao::Resultado resultado)
 {
-    if (static_cast<VerificaVersao::Resultado>(resultado) == VerificaVersao::Resultado::NovaVersao)
+    if (resultado == VerificaVersao::Resultado::NovaVersao)
         m_aviso->mostrarNovaVersao(VerificaVersao::versaoInstalada(), m_versao->remota());
 }
 
@@ -260,11 +256,6 @@ void Principal::sessaoMudou(const QString& sufixo)
     m_menuLateral->atualizarItens();
     m_barra->definirUsuario(sessao().UsuarioNome, sufixo);
     atualizarMenus();
-}
-
-void Principal::reconectado()
-{
-    atualizarEmpresa();
 }
 
 void Principal::atualizarEmpresa()

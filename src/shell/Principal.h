@@ -4,6 +4,7 @@
 #include <QPointer>
 
 #include "shell/Acoes.h"
+#include "shell/VerificaVersao.h"
 
 class AvisoPrincipal;
 class BarraStatus;
@@ -11,7 +12,6 @@ class ImagemPrincipal;
 class MenuLateral;
 class QDockWidget;
 class QMdiArea;
-class VerificaVersao;
 
 // The frame of the program: the menu bar, the work area where every screen opens, the
 // side menu and the status bar. It lives from the first login to the end.
@@ -51,10 +51,9 @@ public slots:
     // After a login or a leave: the side menu, the status bar and the menus follow the
     // session. `sufixo` follows the user's name on the status bar.
     void sessaoMudou(const QString& sufixo = QStringLiteral(" Sair"));
-    // After Reconecta: Empresa is read again and the status bar refreshed.
-    void reconectado();
-    // After the settings change (the configuration screen calls it by name): Empresa,
-    // the caption, the colours, the picture and the status bar are read again.
+    // After the settings change (the configuration screen calls it by name) and after a
+    // reconnection: Empresa, the caption, the colours, the picture and the status bar are
+    // read again.
     void atualizarEmpresa();
     void atualizarMenus();
     void mostrarMenuLateral();
@@ -67,7 +66,7 @@ protected:
 private:
     void criarMenus();
     void acionar(const Acoes::Acao& a);
-    void aoVerificar(int resultado);
+    void aoVerificar(VerificaVersao::Resultado resultado);
     void pintarFundo();
 
     QMdiArea* m_area;
