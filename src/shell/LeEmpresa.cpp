@@ -95,3 +95,17 @@ DadosEmpresa LeEmpresa()
     Conexoes::fechaConexao(1);
     return d;
 }
+
+bool GravaMenuInicial(const QString& defineMenu)
+{
+    auto banco = Conexoes::nova();
+    if (!banco)
+        return false;
+    try {
+        banco->executar(QStringLiteral("UPDATE Empresa SET DefineMenu = ?"), {defineMenu});
+    } catch (const ErroBanco&) {
+        return false;
+    }
+    sessao().CfgDefineMenu = defineMenu;
+    return true;
+}

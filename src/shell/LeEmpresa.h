@@ -21,3 +21,8 @@ DadosEmpresa LeEmpresa(Banco& banco);
 
 // This computer's name, as the status bar and the server name show it.
 QString NomeComputador();
+
+// Keeps the side menu's first group for the whole shop (Empresa.DefineMenu), as a user may
+// choose it when the shop allows; the session follows. False when the store can't be
+// written.
+bool GravaMenuInicial(const QString& defineMenu);

@@ -1,5 +1,7 @@
 #include "shell/MenuLateral.h"
 
+#include <QAbstractButton>
+#include <QEvent>
 #include <QFileInfo>
 #include <QLabel>
 #include <QPainter>
@@ -10,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "data/Sessao.h"
+#include "shell/LeEmpresa.h"
 #include "shell/ProgramasExternos.h"
 #include "ui/RegistroTelas.h"
 
@@ -124,6 +127,13 @@ int MenuLateral::grupoInicial(const QString& defineMenu)
     return ok && n >= 1 && n <= grupos().size() ? n : 4;
 }
 
+QStringList MenuLateral::opcoesDefineMenu()
+{
+    return {QStringLiteral("01-Administração"), QStringLiteral("02-Cliente"), QStringLiteral("03-Fornecedor"),
+            QStringLiteral("04-Ordem serviço"), QStringLiteral("05-Produto"), QStringLiteral("06-Sistema"),
+            QStringLiteral("07-Site uteis"), QStringLiteral("08-Usuário"), QStringLiteral("09-Utilitário")};
+}
+
 MenuLateral::MenuLateral(QWidget* pai)
     : QWidget(pai)
 {
@@ -166,6 +176,9 @@ MenuLateral::MenuLateral(QWidget* pai)
         m_grupos->addItem(pagina, gs[g].titulo);
     }
     l->addWidget(m_grupos, 1);
+    const auto titulos = m_grupos->findChildren<QAbstractButton*>(QStringLiteral("qt_toolbox_toolboxbutton"));
+    for (QAbstractButton* b : titulos)
+        b->installEventFilter(this);
 
     m_relogio = new QPushButton(this);
     m_relogio->setObjectName(QStringLiteral("Relogio"));
@@ -184,6 +197,18 @@ MenuLateral::MenuLateral(QWidget* pai)
     atualizarUsuario();
     atualizarItens();
     m_relogio->setText(QTime::currentTime().toString(QStringLiteral("HH:mm:ss")));
+}
+
+bool MenuLateral::eventFilter(QObject* objeto, QEvent* evento)
+{
+    if (evento->type() == QEvent::MouseButtonDblClick && Sessao::verdadeiro(sessao().CfgMenuusuario)) {
+        // The first click of the two has already opened the group.
+        const int g = grupoAberto();
+        const QStringList opcoes = opcoesDefineMenu();
+        GravaMenuInicial(g <= opcoes.size() ? opcoes.at(g - 1) : QString::number(g));
+        return true;
+    }
+    return QWidget::eventFilter(objeto, evento);
 }
 
 void MenuLateral::abrirGrupo(int grupo)

@@ -23,6 +23,8 @@ public:
     static const QList<Grupo>& grupos();
     // The group opened first: the number in the first two characters of CfgDefineMenu.
     static int grupoInicial(const QString& defineMenu);
+    // The choices of DefineMenu, as the settings screen offers them; group 10 has none.
+    static QStringList opcoesDefineMenu();
 
     static QString nomeItem(int grupo, int item) { return QStringLiteral("Item(%1,%2)").arg(grupo).arg(item); }
 
@@ -34,6 +36,10 @@ public slots:
     void atualizarUsuario();
     // Items whose screen isn't in this build yet stay disabled until it is.
     void atualizarItens();
+
+protected:
+    // With CfgMenuusuario on, a double click on a group's title makes it the first group.
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
 
 signals:
     void relogio();          // each tick of Trelogio

@@ -1,3 +1,4 @@
+#include <QAbstractButton>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -150,6 +151,41 @@ private slots:
         item(m, g, i)->click();
         QCOMPARE(Dialogos::Roteiro::ultimoTexto(), texto);
         QVERIFY(!RegistroTelas::aberta("BackupDados") && !RegistroTelas::aberta("RestauraDados"));
+    }
+
+    void duploCliqueDefineOPrimeiroGrupo_data()
+    {
+        QTest::addColumn<QString>("permitido");
+        QTest::addColumn<int>("grupo");
+        QTest::addColumn<QString>("gravado");
+        QTest::newRow("allowed: the shop keeps the group") << "True" << 2 << "02-Cliente";
+        QTest::newRow("allowed: group 10 has no named choice") << "True" << 10 << "10";
+        QTest::newRow("not allowed: nothing changes") << "False" << 2 << "04-Ordem serviço";
+    }
+    void duploCliqueDefineOPrimeiroGrupo()
+    {
+        QFETCH(QString, permitido);
+        QFETCH(int, grupo);
+        QFETCH(QString, gravado);
+        m_amb->sql("UPDATE Empresa SET DefineMenu = ?", {QStringLiteral("04-Ordem serviço")});
+        sessao().CfgMenuusuario = permitido;
+        MenuLateral m;
+        m.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&m));
+        const auto titulos = m.findChild<QToolBox*>("MenuVertical")
+                                 ->findChildren<QAbstractButton*>("qt_toolbox_toolboxbutton");
+        QCOMPARE(titulos.size(), 10);
+        QAbstractButton* titulo = nullptr;
+        for (QAbstractButton* b : titulos)
+            if (b->text() == MenuLateral::grupos().at(grupo - 1).titulo)
+                titulo = b;
+        QVERIFY(titulo);
+        QTest::mouseClick(titulo, Qt::LeftButton);
+        QCOMPARE(m.grupoAberto(), grupo);
+        QTest::mouseDClick(titulo, Qt::LeftButton);
+        auto banco = Banco::abrir(Conexoes::config());
+        QCOMPARE(banco->escalar("SELECT DefineMenu FROM Empresa").toString(), gravado);
+        QCOMPARE(MenuLateral::grupoInicial(sessao().CfgDefineMenu), permitido == "True" ? grupo : 4);
     }
 
     // A login or a leave elsewhere shows on the side menu by the next tick of the clock.
