@@ -1,5 +1,6 @@
 #include "shell/EntradaUsuario.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 
 #include "data/Banco.h"
@@ -11,6 +12,23 @@
 #include "ui/RegistroTelas.h"
 
 namespace EntradaUsuario {
+
+QLineEdit* caixaSenha(QWidget* pai, const QString& nome)
+{
+    auto* c = new QLineEdit(pai);
+    c->setObjectName(nome);
+    c->setEchoMode(QLineEdit::Password);
+    c->setMaxLength(MaximoSenha);
+    return c;
+}
+
+bool ehEnter(const QEvent* e)
+{
+    if (e->type() != QEvent::KeyPress)
+        return false;
+    const int k = static_cast<const QKeyEvent*>(e)->key();
+    return k == Qt::Key_Return || k == Qt::Key_Enter;
+}
 
 bool pedeUsuario(QWidget* tela)
 {

@@ -2,6 +2,7 @@
 #include <QString>
 
 class Banco;
+class QEvent;
 class QLineEdit;
 class QWidget;
 
@@ -9,6 +10,12 @@ class QWidget;
 // password: the messages, the wrong-password notices with their count, and the ending of
 // the program at the fourth wrong try.
 namespace EntradaUsuario {
+// Long enough for any password a shop uses, short enough for the hash to stay quick.
+constexpr int MaximoSenha = 128;
+// A password box: stars, and at most MaximoSenha characters.
+QLineEdit* caixaSenha(QWidget* pai, const QString& nome);
+bool ehEnter(const QEvent* e);
+
 enum class Resultado { Entrou, Voltar, Encerrou };
 // `nome` is the chosen user; `senha` the password box, selected for overtyping after a
 // wrong try. On Entrou the session holds the user.

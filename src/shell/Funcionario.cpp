@@ -19,12 +19,13 @@
 #include "data/Recordset.h"
 #include "data/Sessao.h"
 #include "shell/Camera.h"
+#include "shell/EntradaUsuario.h"
 #include "shell/Usuarios.h"
 #include "ui/Dialogos.h"
 #include "ui/RegistroTelas.h"
 
 namespace {
-constexpr int MaximoSenha = 128;
+constexpr int MaximoSenha = EntradaUsuario::MaximoSenha;
 const QString FiltroImagem = QStringLiteral("Imagem (*.jpg *.jpeg *.bmp *.png)");
 
 // Labels of the rights, by the index of their pair of boxes.

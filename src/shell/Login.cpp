@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -12,9 +11,9 @@
 #include "data/Banco.h"
 #include "data/Conexoes.h"
 #include "data/Local.h"
-#include "data/Recordset.h"
 #include "data/Sessao.h"
 #include "shell/EntradaUsuario.h"
+#include "shell/Usuarios.h"
 #include "ui/Dialogos.h"
 #include "ui/Pintura.h"
 #include "ui/RegistroTelas.h"
@@ -37,10 +36,7 @@ Login::Login(QWidget* pai) : QWidget(pai, Qt::Window)
     m_lista->setObjectName(QStringLiteral("ListaUs"));
     raiz->addWidget(m_lista, 1);
     raiz->addWidget(new QLabel(QStringLiteral("Senha"), this));
-    m_senha = new QLineEdit(this);
-    m_senha->setObjectName(QStringLiteral("TSenha"));
-    m_senha->setEchoMode(QLineEdit::Password);
-    m_senha->setMaxLength(128);
+    m_senha = EntradaUsuario::caixaSenha(this, QStringLiteral("TSenha"));
     m_senha->installEventFilter(this);
     raiz->addWidget(m_senha);
     auto* botoes = new QHBoxLayout;
@@ -61,10 +57,8 @@ Login::Login(QWidget* pai) : QWidget(pai, Qt::Window)
     m_banco = Conexoes::nova();
     if (m_banco) {
         try {
-            Recordset rs(*m_banco);
-            rs.abrir(QStringLiteral("Usuario"), {}, {}, QStringLiteral("NomeUsuario"));
-            for (rs.moveFirst(); !rs.eof(); rs.moveNext())
-                m_lista->addItem(rs.texto(QStringLiteral("NomeUsuario")));
+            for (const auto& u : Autenticacao::lista(*m_banco))
+                m_lista->addItem(u.first);
         } catch (const ErroBanco& e) {
             Dialogos::erro(this, QStringLiteral("Erro ao carregar os usuários,"), e.textoCompleto());
         }
@@ -76,12 +70,9 @@ Login::~Login() = default;
 
 bool Login::eventFilter(QObject* alvo, QEvent* e)
 {
-    if (alvo == m_senha && e->type() == QEvent::KeyPress) {
-        const int k = static_cast<QKeyEvent*>(e)->key();
-        if (k == Qt::Key_Return || k == Qt::Key_Enter) {
-            entrar();
-            return true;
-        }
+    if (alvo == m_senha && EntradaUsuario::ehEnter(e)) {
+        entrar();
+        return true;
     }
     return QWidget::eventFilter(alvo, e);
 }

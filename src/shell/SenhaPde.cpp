@@ -38,10 +38,7 @@ SenhaPde::SenhaPde(QWidget* pai) : QWidget(pai, Qt::Window | Qt::WindowStaysOnTo
     m_nome = new QLabel(this);
     m_nome->setObjectName(QStringLiteral("Label1(1)"));
     form->addRow(QStringLiteral("Nome"), m_nome);
-    m_senha = new QLineEdit(this);
-    m_senha->setObjectName(QStringLiteral("Text1(1)"));
-    m_senha->setEchoMode(QLineEdit::Password);
-    m_senha->setMaxLength(128);
+    m_senha = EntradaUsuario::caixaSenha(this, QStringLiteral("Text1(1)"));
     m_senha->installEventFilter(this);
     form->addRow(QStringLiteral("Senha"), m_senha);
     raiz->addLayout(form);
@@ -68,10 +65,8 @@ SenhaPde::SenhaPde(QWidget* pai) : QWidget(pai, Qt::Window | Qt::WindowStaysOnTo
     if (!m_banco)
         return;
     try {
-        Recordset rs(*m_banco);
-        rs.abrir(QStringLiteral("Usuario"), {}, {}, QStringLiteral("NomeUsuario"));
-        for (rs.moveFirst(); !rs.eof(); rs.moveNext())
-            m_usuarios->addItem(rs.texto(QStringLiteral("NomeUsuario")), rs.texto(QStringLiteral("CodUsuario")));
+        for (const auto& u : Autenticacao::lista(*m_banco))
+            m_usuarios->addItem(u.first, u.second);
         m_usuarios->setCurrentIndex(-1);
     } catch (const ErroBanco& e) {
         Dialogos::erro(this, QStringLiteral("Erro ao carregar os usuários,"), e.textoCompleto());
@@ -82,15 +77,12 @@ SenhaPde::~SenhaPde() = default;
 
 bool SenhaPde::eventFilter(QObject* alvo, QEvent* e)
 {
-    if (e->type() == QEvent::KeyPress) {
-        const int k = static_cast<QKeyEvent*>(e)->key();
-        if (k == Qt::Key_Return || k == Qt::Key_Enter) {
-            if (alvo == m_codigo)
-                procuraUsuario();
-            else if (alvo == m_senha)
-                verificaSenha();
-            return true;
-        }
+    if (EntradaUsuario::ehEnter(e) && (alvo == m_codigo || alvo == m_senha)) {
+        if (alvo == m_codigo)
+            procuraUsuario();
+        else
+            verificaSenha();
+        return true;
     }
     return QWidget::eventFilter(alvo, e);
 }

@@ -4,7 +4,6 @@
 #include <QFocusEvent>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -14,7 +13,6 @@
 #include "data/Banco.h"
 #include "data/Conexoes.h"
 #include "data/Local.h"
-#include "data/Recordset.h"
 #include "data/Sessao.h"
 #include "shell/EntradaUsuario.h"
 #include "shell/InstanciaUnica.h"
@@ -24,11 +22,6 @@
 #include "ui/Dialogos.h"
 #include "ui/Pintura.h"
 #include "ui/RegistroTelas.h"
-
-namespace {
-// Long enough for any name a shop gives, short enough for the hash to stay quick.
-constexpr int MaximoSenha = 128;
-}
 
 TelaInicial::TelaInicial(QWidget* pai) : QWidget(pai, Qt::Window)
 {
@@ -51,10 +44,7 @@ TelaInicial::TelaInicial(QWidget* pai) : QWidget(pai, Qt::Window)
     m_usuario->setObjectName(QStringLiteral("CUsuario"));
     m_usuario->setMinimumWidth(240);
     form->addRow(QStringLiteral("Usuário"), m_usuario);
-    m_senha = new QLineEdit(this);
-    m_senha->setObjectName(QStringLiteral("TxtSenha"));
-    m_senha->setEchoMode(QLineEdit::Password);
-    m_senha->setMaxLength(MaximoSenha);
+    m_senha = EntradaUsuario::caixaSenha(this, QStringLiteral("TxtSenha"));
     m_senha->installEventFilter(this);
     form->addRow(QStringLiteral("Senha"), m_senha);
     raiz->addLayout(form);
@@ -116,10 +106,8 @@ bool TelaInicial::carregar()
 void TelaInicial::carregaUsuarios()
 {
     m_usuario->clear();
-    Recordset rs(*m_banco);
-    rs.abrir(QStringLiteral("Usuario"), {}, {}, QStringLiteral("NomeUsuario"));
-    for (rs.moveFirst(); !rs.eof(); rs.moveNext())
-        m_usuario->addItem(rs.texto(QStringLiteral("NomeUsuario")));
+    for (const auto& u : Autenticacao::lista(*m_banco))
+        m_usuario->addItem(u.first);
     m_usuario->setCurrentIndex(m_usuario->count() == 1 ? 0 : -1);
 }
 
@@ -146,8 +134,8 @@ bool TelaInicial::primeiroUso()
         const auto senha = Dialogos::entrada(this, QStringLiteral("Senha:"), QStringLiteral("Primeiro acesso"), {}, true);
         if (!senha)
             return false;
-        if (senha->isEmpty() || senha->size() > MaximoSenha) {
-            Dialogos::mensagem(this, QStringLiteral("A senha deve ter de 1 a %1 caracteres.").arg(MaximoSenha),
+        if (senha->isEmpty() || senha->size() > EntradaUsuario::MaximoSenha) {
+            Dialogos::mensagem(this, QStringLiteral("A senha deve ter de 1 a %1 caracteres.").arg(EntradaUsuario::MaximoSenha),
                                QStringLiteral("Primeiro acesso"));
             continue;
         }
@@ -169,12 +157,9 @@ bool TelaInicial::eventFilter(QObject* alvo, QEvent* e)
         if (e->type() == QEvent::FocusIn && static_cast<QFocusEvent*>(e)->reason() != Qt::ActiveWindowFocusReason
             && static_cast<QFocusEvent*>(e)->reason() != Qt::PopupFocusReason)
             m_senha->clear();
-        if (e->type() == QEvent::KeyPress) {
-            const int k = static_cast<QKeyEvent*>(e)->key();
-            if (k == Qt::Key_Return || k == Qt::Key_Enter) {
-                entrar();
-                return true;
-            }
+        if (EntradaUsuario::ehEnter(e)) {
+            entrar();
+            return true;
         }
     }
     return QWidget::eventFilter(alvo, e);

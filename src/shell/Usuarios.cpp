@@ -155,6 +155,16 @@ QString segundaLinha(int tentativa)
     }
 }
 
+QList<QPair<QString, QString>> lista(Banco& banco)
+{
+    QList<QPair<QString, QString>> r;
+    Recordset rs(banco);
+    rs.abrir(QStringLiteral("Usuario"), {}, {}, QStringLiteral("NomeUsuario"));
+    for (rs.moveFirst(); !rs.eof(); rs.moveNext())
+        r.append({rs.texto(QStringLiteral("NomeUsuario")), rs.texto(QStringLiteral("CodUsuario"))});
+    return r;
+}
+
 int quantos(Banco& banco) { return banco.escalar(QStringLiteral("SELECT COUNT(*) FROM Usuario")).toInt(); }
 
 qint64 criarPrimeiro(Banco& banco, const QString& nome, const QString& senha)

@@ -50,6 +50,8 @@ QString segundaLinha(int tentativa);
 constexpr int MaximoTentativas = 4;
 // Users in the store.
 int quantos(Banco& banco);
+// Names and codes of every user, by name, for the lists of the login screens.
+QList<QPair<QString, QString>> lista(Banco& banco);
 // The first user of a new store, with every right. Returns the new CodUsuario.
 qint64 criarPrimeiro(Banco& banco, const QString& nome, const QString& senha);
 }

@@ -5,8 +5,7 @@
 #include <QPushButton>
 #include <QtTest>
 
-#include "apoio/BancoTeste.h"
-#include "data/Conexoes.h"
+#include "ui/AmbienteTela.h"
 #include "data/Sessao.h"
 #include "shell/Camera.h"
 #include "shell/Funcionario.h"
@@ -69,15 +68,10 @@ class TstFuncionario : public QObject {
 private slots:
     void init()
     {
-        b = std::make_unique<BancoTeste>(Motor::SQLite);
+        b = ambienteDeTela();
         QVERIFY(b->pronto());
-        Conexoes::configurar(b->config());
-        Dialogos::Roteiro::iniciar();
-        Dialogos::Roteiro::limpar();
         Sessao& s = sessao();
-        s.zerarDireitos();
         s.UsuarioNome = "ANA";
-        s.CfgTipoLetra = "False";
         s.CfgPastaImagem = pasta.path();
         Camera::definirFabrica([] { return std::make_unique<CameraFalsa>(true); });
     }

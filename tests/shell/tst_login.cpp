@@ -4,8 +4,7 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
-#include "apoio/BancoTeste.h"
-#include "data/Conexoes.h"
+#include "ui/AmbienteTela.h"
 #include "data/Sessao.h"
 #include "shell/Avisos.h"
 #include "shell/Programa.h"
@@ -51,12 +50,8 @@ class TstLogin : public QObject {
 private slots:
     void init()
     {
-        b = std::make_unique<BancoTeste>(Motor::SQLite);
+        b = ambienteDeTela();
         QVERIFY(b->pronto());
-        Conexoes::configurar(b->config());
-        Dialogos::Roteiro::iniciar();
-        Dialogos::Roteiro::limpar();
-        sessao().zerarDireitos();
         encerrou = 0;
         Programa::definirEncerramento([this] { ++encerrou; });
         b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha, ClienteAl, AltOs, AltOrca) "

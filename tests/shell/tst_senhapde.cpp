@@ -4,8 +4,7 @@
 #include <QPushButton>
 #include <QtTest>
 
-#include "apoio/BancoTeste.h"
-#include "data/Conexoes.h"
+#include "ui/AmbienteTela.h"
 #include "data/Sessao.h"
 #include "shell/Programa.h"
 #include "shell/Usuarios.h"
@@ -35,13 +34,9 @@ class TstSenhaPde : public QObject {
 private slots:
     void init()
     {
-        b = std::make_unique<BancoTeste>(Motor::SQLite);
+        b = ambienteDeTela();
         QVERIFY(b->pronto());
-        Conexoes::configurar(b->config());
-        Dialogos::Roteiro::iniciar();
-        Dialogos::Roteiro::limpar();
         Sessao& s = sessao();
-        s.zerarDireitos();
         s.UsuarioNome = "ANA";
         s.DireitoClienteAl = 0;
         s.DireitoBackup = 1;

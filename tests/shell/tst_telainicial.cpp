@@ -5,8 +5,7 @@
 #include <QSysInfo>
 #include <QtTest>
 
-#include "apoio/BancoTeste.h"
-#include "data/Conexoes.h"
+#include "ui/AmbienteTela.h"
 #include "data/Sessao.h"
 #include "shell/Avisos.h"
 #include "shell/InstanciaUnica.h"
@@ -40,12 +39,8 @@ class TstTelaInicial : public QObject {
 private slots:
     void init()
     {
-        b = std::make_unique<BancoTeste>(Motor::SQLite);
+        b = ambienteDeTela();
         QVERIFY(b->pronto());
-        Conexoes::configurar(b->config());
-        Dialogos::Roteiro::iniciar();
-        Dialogos::Roteiro::limpar();
-        sessao().zerarDireitos();
         sessao().PastaPrograma = pasta.path();
         encerrou = 0;
         Programa::definirEncerramento([this] { ++encerrou; });

@@ -6,8 +6,7 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
-#include "apoio/BancoTeste.h"
-#include "data/Conexoes.h"
+#include "ui/AmbienteTela.h"
 #include "data/Recordset.h"
 #include "data/Sessao.h"
 #include "ui/AcoesSenha.h"
@@ -92,16 +91,11 @@ private:
 private slots:
     void init()
     {
-        b = std::make_unique<BancoTeste>(Motor::SQLite);
+        b = ambienteDeTela();
         QVERIFY(b->pronto());
-        Conexoes::configurar(b->config());
-        Dialogos::Roteiro::iniciar();
-        Dialogos::Roteiro::limpar();
         Sessao& s = sessao();
-        s.zerarDireitos();
         s.DireitoClienteAl = 1;
         s.UsuarioNome = "MARIA";
-        s.CfgTipoLetra = "False";
     }
     void cleanup()
     {

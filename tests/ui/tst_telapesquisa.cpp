@@ -3,8 +3,7 @@
 #include <QTableWidget>
 #include <QtTest>
 
-#include "apoio/BancoTeste.h"
-#include "data/Conexoes.h"
+#include "ui/AmbienteTela.h"
 #include "ui/Dialogos.h"
 #include "ui/TelaPesquisa.h"
 
@@ -41,10 +40,8 @@ class TstTelaPesquisa : public QObject {
 private slots:
     void init()
     {
-        b = std::make_unique<BancoTeste>(Motor::SQLite);
+        b = ambienteDeTela();
         QVERIFY(b->pronto());
-        Conexoes::configurar(b->config());
-        Dialogos::Roteiro::iniciar();
         for (const auto& [cod, nome, tel, exc] : {std::tuple{1, "ANA SOUZA", "3333-1000", 0},
                                                   std::tuple{2, "ANA LIMA", "3333-2000", 0},
                                                   std::tuple{3, "ANALU", "9999-0001", -1},
