@@ -421,6 +421,11 @@ void Reconecta::mudarMotor()
     const bool pg = m_motor->currentIndex() == 1;
     m_painelPg->setVisible(pg);
     m_procurar->setEnabled(!pg);
+    // The window grows and shrinks with the server's fields.
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget()))
+        sub->adjustSize();
+    else if (isWindow())
+        adjustSize();
 }
 
 TOLDEX_REGISTRA_TELA(Reconecta)
