@@ -366,6 +366,12 @@ void TelaCadastro::incluirOuCancelar()
     ajustaBotoes();
 }
 
+void TelaCadastro::novoRegistro()
+{
+    if (estado() == Estado::Navegacao)
+        incluirOuCancelar();
+}
+
 void TelaCadastro::marcaAlterado()
 {
     m_alterado = true;

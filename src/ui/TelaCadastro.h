@@ -54,7 +54,17 @@ struct DefCadastro {
 // million customers opens as fast as one of ten.
 //
 // A subclass builds its widgets inside corpo(), adds its own buttons with adicionaBotao,
-// fills def() and campos(), and calls iniciar() at the end of its constructor.
+// fills def() and campos(), and calls iniciar() at the end of its constructor:
+//
+//     def().tabela = "Cliente";            def().titulo = "Cadastro de cliente";
+//     def().colunaCodigo = "CodCliente";   def().colunaCarimbo = "Alterado";
+//     def().direito = "DireitoClienteAl";  def().senhaOrigem = "Cliente";
+//     def().obrigatorio = nome;            def().mensagemObrigatorio = "Coloque o nome do cliente";
+//     campos() = {{nome, "NomeCliente"}, {fone, "Telefone"}, {bloq, "BloqCliente", CampoCadastro::Tipo::Flag}};
+//     iniciar();
+//
+// A field with a mask is a QLineEdit with its inputMask set; extra columns are written in
+// an override of gravaCampos, extra checks in validaAntesDeGravar.
 class TelaCadastro : public QWidget {
     Q_OBJECT
 public:
@@ -73,6 +83,8 @@ public:
 
     // The transitions, as the buttons run them (tests and other screens use them too).
     void incluirOuCancelar();
+    // Opens the insert state (a menu's "Novo"); nothing when a record is already being typed.
+    void novoRegistro();
     void salvarOuExcluir();
     void fechar();
 

@@ -159,6 +159,18 @@ private slots:
         QCOMPARE(tela->windowTitle(), QString("Cadastro de cliente    2   registros"));
     }
 
+    void novoRegistroNaoApagaOQueSeDigita()
+    {
+        cliente(1, "ANA");
+        abre();
+        tela->novoRegistro();
+        QCOMPARE(tela->estado(), TelaCadastro::Estado::Inclusao);
+        digita(tela->nome, "ZE");
+        tela->novoRegistro();
+        QCOMPARE(tela->nome->text(), QString("ZE"));
+        QCOMPARE(tela->estado(), TelaCadastro::Estado::Inclusao);
+    }
+
     void digitarPassaANavegacaoParaEdicao()
     {
         cliente(1, "ANA");
