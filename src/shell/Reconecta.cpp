@@ -97,8 +97,6 @@ bool reconectar()
     auto teste = Conexoes::nova();
     if (!teste)
         return false;
-    // The store is back: the notice has nothing more to say.
-    RegistroTelas::fechar(QStringLiteral("MensagenBd"));
     emit AvisosReconexao::instancia().reconectado();
     return true;
 }

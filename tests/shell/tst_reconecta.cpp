@@ -234,10 +234,6 @@ private slots:
         QTRY_VERIFY(RegistroTelas::aberta("Reconecta"));
         if (RegistroTelas::registrada("MensagenBd"))
             QVERIFY(RegistroTelas::aberta("MensagenBd"));
-        // Once the store answers again the notice goes, so it can't call the screen back.
-        Conexoes::configurar(Reconexao::configAtual());
-        QVERIFY(Reconexao::reconectar());
-        QTRY_VERIFY(!RegistroTelas::aberta("MensagenBd"));
         Conexoes::aoFalhar({});
     }
 };
