@@ -9,7 +9,6 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "data/Conexoes.h"
 #include "data/Sessao.h"
 #include "ui/Pintura.h"
 #include "ui/RegistroTelas.h"
@@ -138,13 +137,6 @@ MensagenBd::MensagenBd() : AvisoTransitorio(QStringLiteral("Atenção,Banco de d
 }
 
 void MensagenBd::aoFechar() { RegistroTelas::abrir(QStringLiteral("Reconecta")); }
-
-namespace Avisos {
-void instalarTratadorConexao()
-{
-    Conexoes::aoFalhar([](const QString&) { RegistroTelas::abrir(QStringLiteral("MensagenBd")); });
-}
-}
 
 TOLDEX_REGISTRA_TELA(Gravado)
 TOLDEX_REGISTRA_TELA(Excluido)

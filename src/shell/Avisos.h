@@ -90,8 +90,3 @@ public:
 protected:
     void aoFechar() override;
 };
-
-namespace Avisos {
-// Every failed open of a connection shows MensagenBd.
-void instalarTratadorConexao();
-}
