@@ -67,13 +67,13 @@ QWidget* RegistroTelas::abrir(const QString& nome)
         w->setObjectName(nome);
     w->setAttribute(Qt::WA_DeleteOnClose);
     estado().abertas.insert(chave(nome), w);
-    if (estado().area && !w->isWindow()) {
-        QMdiSubWindow* sub = estado().area->addSubWindow(w);
-        sub->setAttribute(Qt::WA_DeleteOnClose);
-        sub->show();
-    } else if (estado().area && w->windowFlags().testFlag(Qt::Window)) {
-        w->show();
-    } else if (estado().area) {
+    // Every parentless widget reports itself a window, so that can't tell the screens
+    // apart: a plain screen becomes a child of the work area; dialogs, tool windows
+    // (the notices) and screens that stay on top keep a window of their own.
+    const bool janelaPropria = w->windowType() != Qt::Window
+        || w->windowFlags().testFlag(Qt::WindowStaysOnTopHint)
+        || (estado().area && w->isAncestorOf(estado().area));   // the main window itself
+    if (estado().area && !janelaPropria) {
         QMdiSubWindow* sub = estado().area->addSubWindow(w);
         sub->setAttribute(Qt::WA_DeleteOnClose);
         sub->show();

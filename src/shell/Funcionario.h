@@ -1,0 +1,47 @@
+#pragma once
+#include <QList>
+#include <memory>
+
+#include "ui/TelaCadastro.h"
+
+class Camera;
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QTimer;
+
+// The users of the system with their passwords, rights and pictures.
+class Funcionario : public TelaCadastro {
+    Q_OBJECT
+public:
+    explicit Funcionario(QWidget* pai = nullptr);
+    ~Funcionario() override;
+
+    // Botao(5): switches the camera on and off; Botao(7) takes the picture.
+    void alternaCamera();
+    void tiraFoto();
+    // A click on the picture: one from disk.
+    void escolheImagem();
+
+protected:
+    void limpaCampos() override;
+    void mostraRegistro(const Recordset& rs) override;
+    bool validaAntesDeGravar() override;
+    void gravaCampos(Recordset& rs) override;
+    bool eventFilter(QObject* alvo, QEvent* e) override;
+
+private:
+    void conferenciaSenha();
+    void mostraImagem(const QString& caminho);
+    QString pastaImagens() const;
+
+    QList<QLineEdit*> m_texto;   // Text1(0..7); Text1(8) is the multi-line m_obs
+    QPlainTextEdit* m_obs = nullptr;
+    QLineEdit* m_caminhoImagem = nullptr;
+    QLabel* m_imagem = nullptr;
+    QLabel* m_codigo = nullptr;
+    QList<QCheckBox*> m_ler, m_alterar, m_sistema;
+    std::unique_ptr<Camera> m_camera;
+    QTimer* m_video = nullptr;
+};

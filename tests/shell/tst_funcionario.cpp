@@ -1,0 +1,268 @@
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QtTest>
+
+#include "ui/AmbienteTela.h"
+#include "data/Sessao.h"
+#include "shell/Camera.h"
+#include "shell/Funcionario.h"
+#include "shell/Programa.h"
+#include "shell/Usuarios.h"
+#include "ui/Dialogos.h"
+#include "ui/RegistroTelas.h"
+
+// A camera that always shows the same green frame.
+class CameraFalsa : public Camera {
+public:
+    explicit CameraFalsa(bool existe) : m_existe(existe) {}
+    bool disponivel() const override { return m_existe; }
+    bool ligar() override { return m_ligada = m_existe; }
+    void desligar() override { m_ligada = false; }
+    bool ligada() const override { return m_ligada; }
+    QImage quadro() const override
+    {
+        QImage i(64, 48, QImage::Format_RGB32);
+        i.fill(Qt::green);
+        return m_ligada ? i : QImage();
+    }
+private:
+    bool m_existe;
+    bool m_ligada = false;
+};
+
+class TstFuncionario : public QObject {
+    Q_OBJECT
+    std::unique_ptr<BancoTeste> b;
+    QPointer<Funcionario> tela;
+    QTemporaryDir pasta;
+
+    QLineEdit* texto(int i) { return tela->findChild<QLineEdit*>(QString("Text1(%1)").arg(i)); }
+    QCheckBox* check(int grupo, int i) { return tela->findChild<QCheckBox*>(QString("Check%1(%2)").arg(grupo).arg(i)); }
+    QPushButton* botao(int i) { return tela->findChild<QPushButton*>(QString("Botao(%1)").arg(i)); }
+    void digita(QLineEdit* w, const QString& t)
+    {
+        w->setFocus();
+        for (const QChar c : t)
+            QTest::sendKeyEvent(QTest::Click, w, Qt::Key_unknown, QString(c), Qt::NoModifier);
+    }
+    QVariant coluna(const QString& col, int codigo)
+    {
+        return b->banco().escalar(QString("SELECT %1 FROM Usuario WHERE CodUsuario = ?").arg(col), {codigo});
+    }
+    void abre()
+    {
+        tela = qobject_cast<Funcionario*>(RegistroTelas::abrir("Funcionario"));
+        QVERIFY(tela);
+    }
+    void novo(const QString& nome, const QString& senha)
+    {
+        QTest::mouseClick(botao(0), Qt::LeftButton);
+        digita(texto(0), nome);
+        digita(texto(5), senha);
+        digita(texto(6), senha);
+    }
+
+private slots:
+    void init()
+    {
+        b = ambienteDeTela();
+        QVERIFY(b->pronto());
+        Sessao& s = sessao();
+        s.UsuarioNome = "ANA";
+        s.CfgPastaImagem = pasta.path();
+        Camera::definirFabrica([] { return std::make_unique<CameraFalsa>(true); });
+    }
+    void cleanup()
+    {
+        RegistroTelas::fecharTodas();
+        Camera::definirFabrica({});
+        b.reset();
+    }
+
+    void incluirComCelularSobrenomeEDireitos()
+    {
+        abre();
+        QCOMPARE(tela->windowTitle(), QString("Cadastro de funcionário    0   registros"));
+        novo("Carlos", "Senha1");
+        digita(texto(1), "Silva");
+        digita(texto(2), "Rua A, 10");
+        digita(texto(4), "(11)99999-0000");
+        check(2, 0)->click();   // change customers without ticking read
+        check(1, 6)->click();   // read products only
+        check(2, 9)->click();   // password at each action
+        check(2, 12)->click();  // change after delivery
+        check(3, 1)->click();   // settings
+        QCOMPARE(tela->estado(), TelaCadastro::Estado::Inclusao);
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM Usuario").toInt(), 1);
+        QCOMPARE(coluna("NomeUsuario", 1).toString(), QString("Carlos"));
+        QCOMPARE(coluna("Sobrenome", 1).toString(), QString("Silva"));
+        QCOMPARE(coluna("Endereco", 1).toString(), QString("Rua A, 10"));
+        QCOMPARE(coluna("Celular", 1).toString(), QString("(11)99999-0000"));
+        QVERIFY(Senhas::confere("senha1", coluna("Senha", 1)));
+        QCOMPARE(coluna("ClienteLe", 1).toInt(), -1);
+        QCOMPARE(coluna("ClienteAl", 1).toInt(), -1);
+        QCOMPARE(coluna("ProdutoLe", 1).toInt(), -1);
+        QCOMPARE(coluna("ProdutoAl", 1).toInt(), 0);
+        QCOMPARE(coluna("UsuarioSe", 1).toInt(), -1);
+        QCOMPARE(coluna("Permanente", 1).toInt(), 0);
+        QCOMPARE(coluna("AltOs", 1).toInt(), -1);
+        QCOMPARE(coluna("AltOrca", 1).toInt(), 0);
+        QCOMPARE(coluna("Configuracao", 1).toInt(), -1);
+        // Rights left blank are stored closed, never NULL.
+        QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM Usuario WHERE FornecedorLe IS NULL OR Backup IS NULL").toInt(), 0);
+        QCOMPARE(coluna("FornecedorLe", 1).toInt(), 0);
+        QVERIFY(RegistroTelas::aberta("Gravado"));
+    }
+
+    void senhaNaoConfere()
+    {
+        abre();
+        tela->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(tela));
+        QTest::mouseClick(botao(0), Qt::LeftButton);
+        digita(texto(0), "Carlos");
+        digita(texto(5), "abc");
+        digita(texto(6), "abd");
+        texto(0)->setFocus();  // leaving the box compares them
+        QVERIFY(Dialogos::Roteiro::contem("Senha não Confere"));
+        QVERIFY(texto(5)->text().isEmpty());
+        QVERIFY(texto(6)->text().isEmpty());
+    }
+
+    void senhaVaziaNaEdicaoMantemAAntiga()
+    {
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', ?)", {Senhas::gerar("x")});
+        abre();
+        QVERIFY(texto(5)->text().isEmpty());
+        digita(texto(7), "Técnica");
+        QCOMPARE(tela->estado(), TelaCadastro::Estado::Edicao);
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QCOMPARE(coluna("Funcao", 1).toString(), QString("Técnica"));
+        QVERIFY(Senhas::confere("X", coluna("Senha", 1)));
+    }
+
+    void anteriorEProximoParamNasPontas()
+    {
+        for (int i = 1; i <= 3; ++i)
+            b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (?, ?, '')",
+                                {i, QString("U%1").arg(i)});
+        abre();
+        QCOMPARE(texto(0)->text(), QString("U1"));
+        QTest::mouseClick(botao(3), Qt::LeftButton);
+        QCOMPARE(texto(0)->text(), QString("U1"));
+        QTest::mouseClick(botao(4), Qt::LeftButton);
+        QTest::mouseClick(botao(4), Qt::LeftButton);
+        QTest::mouseClick(botao(4), Qt::LeftButton);
+        QCOMPARE(texto(0)->text(), QString("U3"));
+        QCOMPARE(tela->findChild<QLabel*>("Label2(0)")->text(), QString("3"));
+        QTest::mouseClick(botao(3), Qt::LeftButton);
+        QCOMPARE(texto(0)->text(), QString("U2"));
+    }
+
+    void exclusaoSempreFisicaSemDireito()
+    {
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'A', ''), (2, 'B', '')");
+        sessao().DireitoPermanente = 0;
+        abre();
+        Dialogos::Roteiro::responderSim();
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QVERIFY(Dialogos::Roteiro::contem("Registro será excluído,deseja excluir ?"));
+        QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM Usuario").toInt(), 1);
+        QCOMPARE(texto(0)->text(), QString("B"));
+    }
+
+    void senhaNoUsoPressionaOSalvarDeNovo()
+    {
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', ?)", {Senhas::gerar("ana")});
+        sessao().SenhaObrigatoria = -1;
+        sessao().SenhaLiberada = 0;
+        abre();
+        digita(texto(7), "Gerente");
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QWidget* senha = RegistroTelas::aberta("SenhaPde");
+        QVERIFY(senha);
+        QCOMPARE(sessao().SenhaOrigem, QString("Funcionario"));
+        senha->findChild<QLineEdit*>("Text1(0)")->setText("1");
+        QTest::keyClick(senha->findChild<QLineEdit*>("Text1(0)"), Qt::Key_Return);
+        senha->findChild<QLineEdit*>("Text1(1)")->setText("ANA");
+        QTest::keyClick(senha->findChild<QLineEdit*>("Text1(1)"), Qt::Key_Return);
+        QCOMPARE(coluna("Funcao", 1).toString(), QString("Gerente"));
+        sessao().SenhaObrigatoria = 0;
+    }
+
+    void fecharComSimGrava()
+    {
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', '')");
+        abre();
+        digita(texto(3), "3333-0000");
+        Dialogos::Roteiro::responderSim();
+        QPointer<Funcionario> t = tela;
+        tela->fechar();
+        QVERIFY(Dialogos::Roteiro::contem("Você alterou o registro,deseja salvar ?"));
+        QCOMPARE(coluna("Telefone", 1).toString(), QString("3333-0000"));
+        QTRY_VERIFY(!t);
+    }
+
+    void imagemDeArquivo_data()
+    {
+        QTest::addColumn<bool>("ehImagem");
+        QTest::newRow("a picture is taken") << true;
+        QTest::newRow("a text file is refused with a message") << false;
+    }
+    void imagemDeArquivo()
+    {
+        QFETCH(bool, ehImagem);
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', '')");
+        const QString arquivo = pasta.filePath(ehImagem ? "foto.png" : "nao.png");
+        if (ehImagem) {
+            QImage i(10, 10, QImage::Format_RGB32);
+            i.fill(Qt::red);
+            QVERIFY(i.save(arquivo));
+        } else {
+            QFile f(arquivo);
+            QVERIFY(f.open(QIODevice::WriteOnly));
+            f.write("isto não é imagem");
+        }
+        abre();
+        Dialogos::Roteiro::responder(arquivo);
+        tela->escolheImagem();
+        auto* caminho = tela->findChild<QLineEdit*>("TxtImagem");
+        QCOMPARE(caminho->text(), ehImagem ? arquivo : QString());
+        QCOMPARE(Dialogos::Roteiro::contem("não é uma imagem"), !ehImagem);
+        QCOMPARE(tela->findChild<QLabel*>("ImgUsuario")->pixmap().isNull(), !ehImagem);
+    }
+
+    void fotoDaCamera()
+    {
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', '')");
+        abre();
+        QTest::mouseClick(botao(5), Qt::LeftButton);
+        QCOMPARE(botao(5)->text(), QString("Encerra"));
+        const QString destino = pasta.filePath("1ANA.Jpg");
+        Dialogos::Roteiro::responder(destino);
+        QTest::mouseClick(botao(7), Qt::LeftButton);
+        QCOMPARE(Dialogos::Roteiro::registros().last().tipo, QString("salvar"));
+        QVERIFY(QImage(destino).width() == 64);
+        QCOMPARE(tela->findChild<QLineEdit*>("TxtImagem")->text(), destino);
+        QCOMPARE(tela->estado(), TelaCadastro::Estado::Edicao);
+        QTest::mouseClick(botao(5), Qt::LeftButton);
+        QCOMPARE(botao(5)->text(), QString("WebCam"));
+    }
+
+    void semCamera()
+    {
+        Camera::definirFabrica([] { return std::make_unique<CameraFalsa>(false); });
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', '')");
+        abre();
+        QTest::mouseClick(botao(5), Qt::LeftButton);
+        QVERIFY(Dialogos::Roteiro::contem("Nenhuma câmera foi encontrada neste computador."));
+        QCOMPARE(botao(5)->text(), QString("WebCam"));
+    }
+};
+
+QTEST_MAIN(TstFuncionario)
+#include "tst_funcionario.moc"

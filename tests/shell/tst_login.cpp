@@ -1,0 +1,131 @@
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <QtTest>
+
+#include "ui/AmbienteTela.h"
+#include "data/Sessao.h"
+#include "shell/Avisos.h"
+#include "shell/Programa.h"
+#include "shell/Usuarios.h"
+#include "ui/Dialogos.h"
+#include "ui/RegistroTelas.h"
+#include "ui/TelaCadastro.h"
+
+// A register guarded by the customer change right, as the customer screen is.
+class CadastroGuardado : public TelaCadastro {
+public:
+    CadastroGuardado()
+    {
+        nome = new QLineEdit(corpo());
+        nome->setObjectName("Text1(0)");
+        (new QVBoxLayout(corpo()))->addWidget(nome);
+        def().tabela = "Cliente";
+        def().titulo = "Cadastro de cliente";
+        def().colunaCodigo = "CodCliente";
+        def().direito = "DireitoClienteAl";
+        def().senhaOrigem = "Cliente";
+        campos() = {{nome, "NomeCliente", CampoCadastro::Tipo::Texto}};
+        iniciar();
+    }
+    QLineEdit* nome;
+};
+
+class TstLogin : public QObject {
+    Q_OBJECT
+    std::unique_ptr<BancoTeste> b;
+    int encerrou = 0;
+
+    QWidget* login() { return RegistroTelas::abrir("Login"); }
+    void entra(QWidget* l, const QString& nome, const QString& senha)
+    {
+        auto* lista = l->findChild<QListWidget*>("ListaUs");
+        const auto itens = lista->findItems(nome, Qt::MatchExactly);
+        lista->setCurrentItem(itens.value(0));
+        l->findChild<QLineEdit*>("TSenha")->setText(senha);
+        QTest::mouseClick(l->findChild<QPushButton*>("Log(0)"), Qt::LeftButton);
+    }
+
+private slots:
+    void init()
+    {
+        b = ambienteDeTela();
+        QVERIFY(b->pronto());
+        encerrou = 0;
+        Programa::definirEncerramento([this] { ++encerrou; });
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha, ClienteAl, AltOs, AltOrca) "
+                            "VALUES (1, 'ANA', ?, -1, -1, -1), (2, 'BIA', ?, 0, 0, 0)",
+                            {Senhas::gerar("ana"), Senhas::gerar("bia")});
+    }
+    void cleanup()
+    {
+        RegistroTelas::fecharTodas();
+        b.reset();
+    }
+
+    void trocaDeUsuario()
+    {
+        QPointer<QWidget> l = login();
+        QCOMPARE(l->findChild<QListWidget*>("ListaUs")->count(), 2);
+        entra(l, "BIA", "BIA");
+        QTRY_VERIFY(!l);
+        QCOMPARE(sessao().UsuarioNome, QString("BIA"));
+        QCOMPARE(sessao().DireitoClienteAl, 0);
+        QCOMPARE(sessao().DireitoOsEntAl, 1);  // NULL opens
+    }
+
+    void sairEsvaziaASessao()
+    {
+        QPointer<QWidget> l = login();
+        entra(l, "ANA", "ana");
+        QTRY_VERIFY(!l);
+        QCOMPARE(sessao().DireitoAltOs, 1);
+        l = login();
+        l->findChild<QLineEdit*>("TSenha")->setText("algo");
+        QTest::mouseClick(l->findChild<QPushButton*>("Log(1)"), Qt::LeftButton);
+        QVERIFY(sessao().UsuarioNome.isEmpty());
+        QCOMPARE(sessao().DireitoAltOs, 0);
+        QCOMPARE(sessao().DireitoAltOrca, 0);
+        QCOMPARE(sessao().DireitoClienteAl, 0);
+        QVERIFY(l->findChild<QLineEdit*>("TSenha")->text().isEmpty());
+        QVERIFY(sessao().UsuarioImagem.endsWith("Toldex.ico"));
+    }
+
+    void quatroTentativasNoLogin()
+    {
+        QPointer<QWidget> l = login();
+        for (int i = 0; i < 4; ++i)
+            entra(l, "ANA", "x");
+        QCOMPARE(encerrou, 1);
+    }
+
+    void direitoQueFaltaLevaAoNegadoEDepoisAoLogin()
+    {
+        sessao().DireitoClienteAl = 0;
+        CadastroGuardado tela;
+        tela.show();
+        QTest::mouseClick(tela.findChild<QPushButton*>("Botao(0)"), Qt::LeftButton);
+        tela.nome->setText("ZE");
+        QTest::mouseClick(tela.findChild<QPushButton*>("Botao(1)"), Qt::LeftButton);
+        auto* negado = qobject_cast<AvisoTransitorio*>(RegistroTelas::aberta("Negado"));
+        QVERIFY(negado);
+        QCOMPARE(negado->texto(), QString("Acesso Negado"));
+        QCOMPARE(negado->timer()->interval(), 1500);
+        QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM Cliente").toInt(), 0);
+        // Its time is up: the login comes, and its enter button is pressed with no name.
+        Dialogos::Roteiro::responder(QVariant::fromValue(Dialogos::Resposta::Ok));
+        negado->expira();
+        QVERIFY(RegistroTelas::aberta("Login"));
+        QTRY_VERIFY(Dialogos::Roteiro::contem("Selecione um usuário"));
+        QCOMPARE(encerrou, 0);
+        // Another user logs in and the save goes through.
+        entra(RegistroTelas::aberta("Login"), "ANA", "ana");
+        QTRY_VERIFY(!RegistroTelas::aberta("Login"));
+        QTest::mouseClick(tela.findChild<QPushButton*>("Botao(1)"), Qt::LeftButton);
+        QCOMPARE(b->banco().escalar("SELECT NomeCliente FROM Cliente").toString(), QString("ZE"));
+    }
+};
+
+QTEST_MAIN(TstLogin)
+#include "tst_login.moc"
