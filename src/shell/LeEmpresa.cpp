@@ -1,5 +1,7 @@
 #include "shell/LeEmpresa.h"
 
+#include "data/Funcoes.h"
+
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QSysInfo>
@@ -36,11 +38,6 @@ QString textoOu(const QSqlRecord& q, const char* nome, const QString& padrao)
 }
 
 } // namespace
-
-QString NomeComputador()
-{
-    return QSysInfo::machineHostName();
-}
 
 DadosEmpresa LeEmpresa(Banco& banco)
 {

@@ -1,4 +1,5 @@
 #pragma once
+#include "data/Funcoes.h"
 #include <QString>
 
 class Banco;
@@ -19,8 +20,6 @@ struct DadosEmpresa {
 DadosEmpresa LeEmpresa();
 DadosEmpresa LeEmpresa(Banco& banco);
 
-// This computer's name, as the status bar and the server name show it.
-QString NomeComputador();
 
 // Keeps the side menu's first group for the whole shop (Empresa.DefineMenu), as a user may
 // choose it when the shop allows; the session follows. False when the store can't be
