@@ -1,0 +1,97 @@
+#include "ui/Campos.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "data/Sessao.h"
+
+namespace Campos {
+
+QString texto(const QWidget* w)
+{
+    if (auto* le = qobject_cast<const QLineEdit*>(w)) {
+        if (!le->inputMask().isEmpty()) {
+            bool algo = false;
+            for (const QChar c : le->text())
+                algo = algo || c.isLetterOrNumber();
+            return algo ? le->text() : QString();
+        }
+        return le->text();
+    }
+    if (auto* pt = qobject_cast<const QPlainTextEdit*>(w))
+        return pt->toPlainText();
+    if (auto* cb = qobject_cast<const QComboBox*>(w))
+        return cb->currentText();
+    if (auto* lb = qobject_cast<const QLabel*>(w))
+        return lb->text();
+    if (auto* de = qobject_cast<const QDateEdit*>(w))
+        return de->date().toString(QStringLiteral("dd/MM/yyyy"));
+    return {};
+}
+
+void poeTexto(QWidget* w, const QString& t)
+{
+    if (auto* le = qobject_cast<QLineEdit*>(w))
+        le->setText(t);
+    else if (auto* pt = qobject_cast<QPlainTextEdit*>(w))
+        pt->setPlainText(t);
+    else if (auto* cb = qobject_cast<QComboBox*>(w)) {
+        const int i = cb->findText(t);
+        if (cb->isEditable())
+            cb->setEditText(t);
+        else
+            cb->setCurrentIndex(i);
+    } else if (auto* lb = qobject_cast<QLabel*>(w))
+        lb->setText(t);
+}
+
+void limpa(QWidget* w)
+{
+    if (qobject_cast<QAbstractButton*>(w))
+        marca(w, false);
+    else if (auto* de = qobject_cast<QDateEdit*>(w))
+        de->setDate(QDate::currentDate());
+    else
+        poeTexto(w, QString());
+}
+
+bool marcado(const QWidget* w)
+{
+    auto* b = qobject_cast<const QAbstractButton*>(w);
+    return b && b->isChecked();
+}
+
+void marca(QWidget* w, bool v)
+{
+    if (auto* b = qobject_cast<QAbstractButton*>(w))
+        b->setChecked(v);
+}
+
+QString soNumerico(const QString& t)
+{
+    QString r;
+    for (const QChar c : t)
+        if ((c >= QLatin1Char('0') && c <= QLatin1Char('9')) || c == QLatin1Char(','))
+            r += c;
+    return r;
+}
+
+void preparaLinha(QLineEdit* le, bool numerico)
+{
+    QObject::connect(le, &QLineEdit::textEdited, le, [le, numerico](const QString& t) {
+        QString novo = numerico ? soNumerico(t) : t;
+        if (!numerico && Sessao::verdadeiro(sessao().CfgTipoLetra))
+            novo = novo.toUpper();
+        if (novo != t) {
+            const int pos = le->cursorPosition() - (t.size() - novo.size());
+            le->setText(novo);
+            le->setCursorPosition(qBound(0, pos, int(novo.size())));
+        }
+    });
+}
+
+} // namespace Campos

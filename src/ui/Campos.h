@@ -1,0 +1,19 @@
+#pragma once
+#include <QString>
+
+class QLineEdit;
+class QWidget;
+
+// Reading and filling the entry widgets of a screen without caring which kind each is,
+// and the two key rules of every entry field.
+namespace Campos {
+QString texto(const QWidget* w);   // a mask with nothing typed reads as ""
+void poeTexto(QWidget* w, const QString& t);
+void limpa(QWidget* w);
+bool marcado(const QWidget* w);
+void marca(QWidget* w, bool v);
+// Capitals when the shop keeps its data in capitals (CfgTipoLetra); and in a numeric
+// field only digits and the comma stay, typed or pasted.
+void preparaLinha(QLineEdit* le, bool numerico);
+QString soNumerico(const QString& t);
+}

@@ -1,0 +1,156 @@
+#pragma once
+#include <QList>
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <QWidget>
+#include <memory>
+
+#include "data/Busca.h"
+
+class Banco;
+class QBoxLayout;
+class QLineEdit;
+class QPushButton;
+class Recordset;
+
+// One entry field of a register and the column it is copied to and from.
+struct CampoCadastro {
+    enum class Tipo {
+        Texto,     // QLineEdit (with or without a mask), QPlainTextEdit, editable QComboBox
+        Numero,    // QLineEdit taking digits, backspace and the comma only
+        Data,      // QLineEdit "dd/MM/yyyy" or QDateEdit; stored "yyyy/MM/dd"
+        Flag,      // QCheckBox, stored -1/0
+        Dinheiro,  // QLineEdit "1.234,56", stored in cents
+        Exibicao   // a label showing a value the user can't type (the code); never written
+    };
+    QWidget* widget = nullptr;
+    QString coluna;
+    Tipo tipo = Tipo::Texto;
+};
+
+// What a register screen says about itself; the base does the rest.
+struct DefCadastro {
+    QString tabela;              // "Cliente"
+    QString titulo;              // "Cadastro de cliente": the caption adds the count
+    QString colunaCodigo;        // numbered on a new record; rows are shown in its order
+    bool soVivos = true;         // the list opens on live rows (Excluidos 0)
+    QString colunaCarimbo;       // who changed the row last: "Alterado"
+    QString colunaDataCadastro;  // a new record takes today's date
+    QString direito;             // session name of the change right ("DireitoClienteAl"); empty: none
+    bool exclusaoSempreFisica = false;  // the row goes for good whatever DireitoPermanente says
+    bool exclusaoSemDireito = false;    // deleting tests no right
+    QString senhaOrigem;         // the word for the password at use
+    QWidget* obrigatorio = nullptr;     // the field that can't be empty, and its message
+    QString mensagemObrigatorio;
+    QLineEdit* buscaViva = nullptr;     // optional search box at the top
+    QStringList colunasBuscaViva;       // code and name, searched in their middle
+};
+
+// The register pattern: a row of buttons Botao(i) over the rows of one table, browse,
+// insert and edit states, the save and the deletion with their checks, and the keys of
+// the fields. The screen holds only the current row (and the count), so a register of a
+// million customers opens as fast as one of ten.
+//
+// A subclass builds its widgets inside corpo(), adds its own buttons with adicionaBotao,
+// fills def() and campos(), and calls iniciar() at the end of its constructor.
+class TelaCadastro : public QWidget {
+    Q_OBJECT
+public:
+    explicit TelaCadastro(QWidget* pai = nullptr);
+    ~TelaCadastro() override;
+
+    enum class Estado { Navegacao, Inclusao, Edicao };
+    Estado estado() const;
+    bool novo() const { return m_novo; }
+    bool alterado() const { return m_alterado; }
+    int total() const { return m_total; }
+    QPushButton* botao(int indice) const;
+    // The primary key of the row shown, or -1.
+    qint64 chaveAtual() const;
+    Banco* banco() const { return m_banco.get(); }
+
+    // The transitions, as the buttons run them (tests and other screens use them too).
+    void incluirOuCancelar();
+    void salvarOuExcluir();
+    void fechar();
+
+    // Moves and shows the row; false when there is no row that way.
+    bool irPrimeiro();
+    bool irUltimo();
+    bool irProximo();
+    bool irAnterior();
+    bool irChave(qint64 chave);
+
+signals:
+    void gravou();
+    void excluiu();
+
+protected:
+    QWidget* corpo() const { return m_corpo; }
+    DefCadastro& def() { return m_def; }
+    QList<CampoCadastro>& campos() { return m_campos; }
+    // Buttons beyond 0 and 1, in index order; the last one added is close.
+    QPushButton* adicionaBotao(const QString& texto, const QString& dica = {});
+    // Connects, paints, opens the rows and sets the buttons. False when the store can't
+    // be opened (the notice that leads to the reconnection has been shown).
+    bool iniciar();
+
+    // The screen procedures every register has.
+    virtual void limpaCampos();
+    virtual void bloqueiaCampos();
+    virtual void liberaCampos();
+    virtual void mostraRegistro(const Recordset& rs);
+    virtual void marcaAlterado();
+    // Checks of the screen's own before the right and the writing; false stops the save.
+    virtual bool validaAntesDeGravar() { return true; }
+    // Copies the fields to the row being written; the default writes every field of
+    // campos() by its type.
+    virtual void gravaCampos(Recordset& rs);
+    virtual void aposMostrar() {}
+
+    void ajustaBotoes();
+    // Paints, places the field hooks (keys, upper case, Enter to the next field) on
+    // widgets added after iniciar().
+    void preparaCampo(const CampoCadastro& c);
+    bool carregando() const { return m_carregando; }
+
+    void closeEvent(QCloseEvent* e) override;
+    bool eventFilter(QObject* alvo, QEvent* e) override;
+
+private:
+    bool precisaSenha() const;
+    void pedeSenha();
+    bool salvar();
+    void excluir();
+    void escreveCampo(Recordset& rs, const CampoCadastro& c);
+    void recontar();
+    Condicao filtro() const;
+    bool abreUm(const QString& onde, const QVariantList& valores, const QString& ordem);
+    void mostraAtual();
+    bool mostraSe(bool moveu);
+    bool movePrimeiro();
+    bool moveUltimo();
+    bool moveProximo();
+    bool moveAnterior();
+    bool moveChave(qint64 chave);
+    void buscaViva(const QString& texto);
+    QWidget* ultimoMultilinha() const;
+
+    DefCadastro m_def;
+    QList<CampoCadastro> m_campos;
+    std::unique_ptr<Banco> m_banco;
+    std::unique_ptr<Recordset> m_rs;
+    QWidget* m_corpo = nullptr;
+    QBoxLayout* m_linhaBotoes = nullptr;
+    QList<QPushButton*> m_botoes;
+    bool m_novo = false;
+    bool m_alterado = false;
+    bool m_carregando = false;
+    bool m_fecharAposSalvar = false;
+    bool m_fechando = false;
+    bool m_incluiExcluidos = false;  // after a new record the list is the whole table
+    Condicao m_filtroBusca;
+    int m_total = 0;
+};

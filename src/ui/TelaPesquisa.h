@@ -1,0 +1,81 @@
+#pragma once
+#include <QList>
+#include <QSqlRecord>
+#include <QString>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+class Banco;
+class QLineEdit;
+class QRadioButton;
+class QTableWidget;
+class QVBoxLayout;
+
+// The search screens: one option Option1(i) per search column with its box Text1(i), of
+// which only the chosen one shows; Enter runs the search into the grid Grade; a click
+// keeps the row's code and name in the hidden Text2 and Text3; a double click or Enter
+// on the grid is the choice, handed to the screen that asked for the search.
+class TelaPesquisa : public QWidget {
+    Q_OBJECT
+public:
+    struct Opcao {
+        QString rotulo;   // "Nome"
+        QString coluna;   // "NomeCliente"
+        bool meio = false;  // the typed text may stand anywhere in the column
+    };
+    struct ColunaGrade {
+        QString coluna;
+        QString titulo;
+        int largura = 100;
+    };
+    using Acao = std::function<void(const QSqlRecord& linha)>;
+
+    explicit TelaPesquisa(QWidget* pai = nullptr);
+    ~TelaPesquisa() override;
+
+    // A calling place sets its flag and what the choice does for it. When several are set
+    // the first in the screen's order (ordemChamadores) wins; closing the search clears
+    // them all.
+    void definirChamador(const QString& flag, Acao acao);
+    bool chamadorDefinido(const QString& flag) const;
+    void escolheOpcao(int i);
+    // Runs the search of the chosen option with the text of its box.
+    void pesquisa();
+    void escolhe(int linha);
+    int encontrados() const { return m_linhas.size(); }
+    static QString textoInicial() { return QStringLiteral("Escolha um item acima,digite e aperte enter"); }
+
+signals:
+    void escolhido(const QString& codigo, const QString& nome);
+
+protected:
+    // The subclass fills these and calls iniciar() at the end of its constructor.
+    QString m_tabela;           // "Cliente"
+    QString m_titulo;           // "Busca Cliente"
+    QString m_plural;           // "clientes"
+    QString m_colunaCodigo;
+    QString m_colunaNome;
+    QString m_ordem;            // ORDER BY of the results
+    QList<Opcao> m_opcoes;
+    QList<ColunaGrade> m_grade;
+    QStringList m_ordemChamadores;
+    bool iniciar();
+    QVBoxLayout* layoutTopo() const { return m_topo; }
+    void closeEvent(QCloseEvent* e) override;
+    bool eventFilter(QObject* alvo, QEvent* e) override;
+
+private:
+    void limpaGrade();
+    std::unique_ptr<Banco> m_banco;
+    QList<QRadioButton*> m_botoesOpcao;
+    QList<QLineEdit*> m_textos;
+    QLineEdit* m_codigo = nullptr;
+    QLineEdit* m_nome = nullptr;
+    QTableWidget* m_gradeW = nullptr;
+    QVBoxLayout* m_topo = nullptr;
+    QList<QSqlRecord> m_linhas;
+    QList<QPair<QString, Acao>> m_chamadores;
+    int m_opcao = 0;
+    int m_linhaEscolhida = -1;
+};
