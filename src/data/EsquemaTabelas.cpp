@@ -99,7 +99,7 @@ QList<DefTabela> monta()
         "CodPecAut:A CodOs:I:X CodOsAut:I:X NomeCliente TipoVisita CodManu:I:X codpeca:T:X Descricao "
         "Quantidade:Q ValorCusto:D ValorVenda:D ValorDesconto:D ValorTotal:D ValorMinimo:D Aliquota "
         "TipoAliquota Fornecedor Departamento Armazenado Grupo SubGrupo Unidade Modulo "
-        "ControleEstoque:F BaixaEstoque:F");
+        "ControleEstoque:F BaixaEstoque:F QuantidadeBaixada:Q");
 
     t << tabela("VisitaTecnico", "Chave",
         "CodManu:I:PMX CodCliente:T:P NomeCliente:T:P EndTel Solicitacao DataSolicitada:Dt:X "
