@@ -37,11 +37,6 @@ QString textoOu(const QSqlRecord& q, const char* nome, const QString& padrao)
 
 } // namespace
 
-QString NomeComputador()
-{
-    return QSysInfo::machineHostName();
-}
-
 DadosEmpresa LeEmpresa(Banco& banco)
 {
     Sessao& s = sessao();

@@ -19,5 +19,5 @@ struct DadosEmpresa {
 DadosEmpresa LeEmpresa();
 DadosEmpresa LeEmpresa(Banco& banco);
 
-// This computer's name, as the status bar and the server name show it.
-QString NomeComputador();
+// This computer's name, as the status bar and the server name show it: the shared one.
+#include "data/Funcoes.h"
