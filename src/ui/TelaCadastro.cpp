@@ -382,7 +382,8 @@ void TelaCadastro::marcaAlterado()
 
 bool TelaCadastro::precisaSenha() const
 {
-    return sessao().SenhaLiberada == 0 && sessao().SenhaObrigatoria != 0;
+    // A screen with no word for the password at use (the agenda, the defects) asks none.
+    return !m_def.senhaOrigem.isEmpty() && sessao().SenhaLiberada == 0 && sessao().SenhaObrigatoria != 0;
 }
 
 void TelaCadastro::pedeSenha()
