@@ -200,6 +200,12 @@ void Cliente::abrirNoModo(const QString& modo)
 
 void Cliente::mostraCliente(const QString& codigo, const QString& nome)
 {
+    // A register left open with typed changes keeps them: the search's choice would
+    // otherwise replace them without a word.
+    if (alterado()) {
+        Dialogos::mensagem(this, QStringLiteral("Salve ou cancele a alteração do cadastro antes de abrir outro cliente."));
+        return;
+    }
     const QSignalBlocker bloqueio(m_buscaCodigo);
     m_buscaCodigo->setText(codigo);
     m_buscaNome->setText(nome);  // one search, on both boxes

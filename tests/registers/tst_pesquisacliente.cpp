@@ -129,6 +129,21 @@ private slots:
         QTRY_VERIFY(!tela);  // the search closed
     }
 
+    void escolhaNaoApagaCadastroAlterado()
+    {
+        auto* cadastro = qobject_cast<Cliente*>(RegistroTelas::abrir("Cliente"));
+        QMetaObject::invokeMethod(cadastro, "abrirNoModo", Q_ARG(QString, "Novo"));
+        auto* nome = cadastro->findChild<QLineEdit*>("Text1(0)");
+        QTest::keyClicks(nome, "ZE");
+        abre();
+        busca(1, "bru");
+        grade()->setCurrentCell(0, 0);
+        QTest::keyClick(grade(), Qt::Key_Return);
+        QCOMPARE(nome->text(), QString("ZE"));
+        QCOMPARE(cadastro->estado(), TelaCadastro::Estado::Inclusao);
+        QVERIFY(Dialogos::Roteiro::contem("Salve ou cancele"));
+    }
+
     void primeiroChamadorGanhaEFecharEsquece()
     {
         QStringList chamados;
