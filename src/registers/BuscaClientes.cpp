@@ -82,6 +82,8 @@ Condicao codigoENome(Banco& banco, const QString& texto)
         const Condicao cabeca = Busca::porTexto(banco, Tabela, QStringLiteral("NomeCliente"), d.mid(k), false);
         partes << cabeca.e({QStringLiteral("%1 LIKE ?").arg(codigoTexto), {QStringLiteral("%") + d.left(k)}});
     }
+    if (partes.size() == 1)
+        return partes.first();  // a text that doesn't begin with digits: the name alone
     QStringList selects;
     QVariantList valores;
     for (const Condicao& p : std::as_const(partes)) {

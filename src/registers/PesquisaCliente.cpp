@@ -57,10 +57,10 @@ PesquisaCliente::PesquisaCliente(QWidget* pai) : TelaPesquisa(pai)
     aoDigitar->setObjectName(QStringLiteral("Text4"));
     aoDigitar->setToolTip(QStringLiteral("Procura o texto em qualquer parte do nome, também em clientes excluídos"));
     linha->addWidget(aoDigitar, 1);
-    layoutTopo()->addLayout(linha);
     connect(aoDigitar, &QLineEdit::textChanged, this, &PesquisaCliente::buscaAoDigitar);
     resize(800, 480);
     iniciar();
+    layoutTopo()->addLayout(linha);
 }
 
 QString PesquisaCliente::nomeFlag(Chamador chamador)

@@ -95,6 +95,9 @@ void TelaPesquisa::limpaGrade()
     m_gradeW->setRowCount(1);
     m_gradeW->clearContents();
     m_gradeW->setItem(0, 0, new QTableWidgetItem(textoInicial()));
+    // The invitation reads across the whole first line, however narrow the first column.
+    if (m_gradeW->columnCount() > 1)
+        m_gradeW->setSpan(0, 0, 1, m_gradeW->columnCount());
 }
 
 void TelaPesquisa::escolheOpcao(int i)
@@ -177,6 +180,7 @@ QString TelaPesquisa::textoCelula(const QString&, const QVariant& valor) const
 void TelaPesquisa::mostraLinhas(const QList<QSqlRecord>& linhas, bool haMais)
 {
     m_linhas = linhas;
+    m_gradeW->clearSpans();
     m_gradeW->clearContents();
     m_gradeW->setRowCount(m_linhas.size());
     for (int r = 0; r < m_linhas.size(); ++r)
