@@ -15,11 +15,12 @@ PesquisaDefeito::PesquisaDefeito(QWidget* pai) : TelaPesquisa(pai)
                {QStringLiteral("Modelo"), QStringLiteral("Modelo"), 110},
                {QStringLiteral("Tipo"), QStringLiteral("Tipo"), 100},
                {QStringLiteral("Defeito"), QStringLiteral("Defeito"), 170},
-               {QStringLiteral("Solucao"), QStringLiteral("Solução"), 220}};
+               {QStringLiteral("Solucao"), QStringLiteral("Solução"), 330}};
     definirChamador(QStringLiteral("Menu"), [](const QSqlRecord& linha) {
         AbreRegistro::abrir(QStringLiteral("Defeito"), linha.value(QStringLiteral("CodDefeito")).toLongLong());
     });
     m_tituloContagem = QStringLiteral("Busca Solução");
+    resize(920, 480);
     if (iniciar())
         listaTodos();
 }

@@ -81,6 +81,7 @@ ConfiguraSistema::ConfiguraSistema(QWidget* pai) : QWidget(pai)
     setWindowTitle(QStringLiteral("Configuração do sistema"));
     m_abas = new QTabWidget(this);
     m_abas->setObjectName(QStringLiteral("Tabuleiro"));
+    m_abas->setUsesScrollButtons(false);  // every tab name in sight
     m_conectado = sessao().ConexaoOk == 1;
     if (m_conectado) {
         m_abas->addTab(abaEmpresa(), QStringLiteral("Empresa"));
@@ -132,7 +133,7 @@ ConfiguraSistema::ConfiguraSistema(QWidget* pai) : QWidget(pai)
     for (QAbstractButton* b : findChildren<QAbstractButton*>())
         if (qobject_cast<QCheckBox*>(b) || qobject_cast<QRadioButton*>(b))
             connect(b, &QAbstractButton::clicked, this, [this] { marcaAlterado(); });
-    resize(900, 640);
+    resize(1120, 640);
     Pintura::pinta(this);
     if (m_conectado) {
         QString erro;
@@ -430,6 +431,8 @@ QWidget* ConfiguraSistema::abaCatalogo(int indice)
     grade->setSelectionBehavior(QAbstractItemView::SelectRows);
     grade->setSelectionMode(QAbstractItemView::SingleSelection);
     grade->horizontalHeader()->setStretchLastSection(true);
+    for (int k = 0; k < c.colunas.size(); ++k)
+        grade->setColumnWidth(k, c.colunas[k].tipo == Dados::TipoColuna::Texto ? 300 : 120);
     connect(grade, &QTableWidget::cellClicked, this, [this, indice, grade](int r) {
         const Dados::Catalogo& cat = Dados::catalogos()[indice];
         for (int k = 0; k < cat.colunas.size(); ++k) {
