@@ -28,6 +28,7 @@
 #include "data/FuncoesMascaras.h"
 #include "data/Local.h"
 #include "data/Sessao.h"
+#include "shell/BarraStatus.h"
 #include "shell/ConfiguraSistemaDados.h"
 #include "shell/LeEmpresa.h"
 #include "shell/MenuLateral.h"
@@ -718,9 +719,13 @@ void ConfiguraSistema::testaConexao()
         Dialogos::erro(this, QStringLiteral("Erro ao na conexão do Banco de Dados,Informe o erro ao suporte."), e.textoCompleto());
         return;
     }
-    for (const char* tela : {"BarraStatus", "Login", "MenuLateral"})
-        if (RegistroTelas::registrada(QLatin1String(tela)) && QLatin1String(tela) != QLatin1String("BarraStatus"))
-            RegistroTelas::abrir(QLatin1String(tela));
+    if (QWidget* principal = RegistroTelas::aberta(QStringLiteral("Principal")))
+        if (auto* barra = principal->findChild<BarraStatus*>())
+            barra->atualizar(caixaTeste->text());
+    // The user logs in again on the store just reached.
+    for (const QString& tela : {QStringLiteral("Login"), QStringLiteral("MenuLateral")})
+        if (RegistroTelas::registrada(tela))
+            RegistroTelas::abrir(tela);
 }
 
 // --- colours, pictures, documents ---------------------------------------------------------

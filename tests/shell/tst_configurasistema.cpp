@@ -252,6 +252,26 @@ private slots:
         QCOMPARE(LeIni("Impressao", "DiretoEntrada", amb->ini()), QString("0"));
     }
 
+    void testeDeConexaoMostraTesteOk_data()
+    {
+        QTest::addColumn<QString>("testeOk");
+        QTest::newRow("text as it stands") << "Conexão OK - servidor BALCAO";
+        QTest::newRow("empty column gives an empty box") << "";
+    }
+    void testeDeConexaoMostraTesteOk()
+    {
+        QFETCH(QString, testeOk);
+        amb->sql("UPDATE Empresa SET TesteOk = ?", {testeOk});
+        ConfiguraSistema tela;
+        tela.show();
+        w<QLineEdit>(&tela, "TxtTesteOk")->setText("velho");
+        sessao().ConexaoOk = 0;
+        clica(&tela, "Botao(2)");
+        QCOMPARE(w<QLineEdit>(&tela, "TxtTesteOk")->text(), testeOk);
+        QCOMPARE(sessao().ConexaoOk, 1);
+        QCOMPARE(LeIni("Local", "Servidor", amb->ini()), QString("True"));
+    }
+
     void coresEscolhidasEPadrao()
     {
         ConfiguraSistema tela;
