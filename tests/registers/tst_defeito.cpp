@@ -139,6 +139,26 @@ private slots:
         QCOMPARE(campo<QLineEdit>(&tela, "Text1(0)")->text(), marca);
     }
 
+    void buscaPorCodigoEMarcaNosDoisMotores_data() { linhasMotores(); }
+    void buscaPorCodigoEMarcaNosDoisMotores()
+    {
+        BANCO_DO_MOTOR(loja);
+        Conexoes::configurar(loja.config());
+        loja->executar("INSERT INTO DefeitoSolucionado (Marca, Modelo, Tipo, Defeito, Solucao, Observacao) "
+                        "VALUES ('Gradiente', '', '', '', '', '')");
+        loja->executar("INSERT INTO DefeitoSolucionado (Marca, Modelo, Tipo, Defeito, Solucao, Observacao) "
+                        "VALUES ('CCE', '', '', '', '', '')");
+        const qint64 cce = loja->escalar("SELECT CodDefeito FROM DefeitoSolucionado WHERE Marca = 'CCE'").toLongLong();
+        Defeito tela;
+        auto* marca = campo<QLineEdit>(&tela, "Text3");
+        marca->setText("DIEN");
+        QCOMPARE(tela.windowTitle(), QString("Cadastro de defeito    1   registros"));
+        QCOMPARE(campo<QLineEdit>(&tela, "Text1(0)")->text(), QString("Gradiente"));
+        campo<QLineEdit>(&tela, "Text2")->setText(QString::number(cce) + "cc");  // code joined with the brand
+        QCOMPARE(campo<QLineEdit>(&tela, "Text1(0)")->text(), QString("CCE"));
+        Conexoes::configurar(b->config());
+    }
+
     void pesquisaListaTudoEAbreORegistro()
     {
         {
