@@ -84,6 +84,10 @@ void preparaLinha(QLineEdit* le, bool numerico)
 {
     QObject::connect(le, &QLineEdit::textEdited, le, [le, numerico](const QString& t) {
         QString novo = numerico ? soNumerico(t) : t;
+        // A text pasted from a letter or a spreadsheet keeps its words on one line.
+        if (!numerico && (novo.contains(QLatin1Char('\n')) || novo.contains(QLatin1Char('\r'))))
+            novo = novo.replace(QLatin1String("\r\n"), QLatin1String(" ")).replace(QLatin1Char('\n'), QLatin1Char(' '))
+                       .replace(QLatin1Char('\r'), QLatin1Char(' '));
         if (!numerico && Sessao::verdadeiro(sessao().CfgTipoLetra))
             novo = novo.toUpper();
         if (novo != t) {

@@ -221,10 +221,15 @@ QString ordem(const QString& cod, const QString& chave, bool desc)
 }
 } // namespace
 
+const QString& TelaCadastro::colunaOrdem() const
+{
+    return m_def.colunaOrdem.isEmpty() ? m_def.colunaCodigo : m_def.colunaOrdem;
+}
+
 bool TelaCadastro::movePrimeiro()
 {
     const QString chave = m_rs->tabela() ? m_rs->tabela()->chave : Esquema::tabela(m_def.tabela)->chave;
-    if (abreUm({}, {}, ordem(m_def.colunaCodigo, chave, false)))
+    if (abreUm({}, {}, ordem(colunaOrdem(), chave, false)))
         return true;
     m_rs->abrir(m_def.tabela, QStringLiteral("1 = 0"));
     return false;
@@ -233,7 +238,7 @@ bool TelaCadastro::movePrimeiro()
 bool TelaCadastro::moveUltimo()
 {
     const QString chave = Esquema::tabela(m_def.tabela)->chave;
-    return abreUm({}, {}, ordem(m_def.colunaCodigo, chave, true));
+    return abreUm({}, {}, ordem(colunaOrdem(), chave, true));
 }
 
 bool TelaCadastro::moveProximo()
@@ -241,9 +246,9 @@ bool TelaCadastro::moveProximo()
     if (chaveAtual() < 0)
         return movePrimeiro();
     const QString chave = m_rs->tabela()->chave;
-    const QVariant cod = m_rs->valor(m_def.colunaCodigo);
-    const QString onde = QStringLiteral("%1 > ? OR (%1 = ? AND %2 > ?)").arg(m_def.colunaCodigo, chave);
-    return abreUm(onde, {cod, cod, chaveAtual()}, ordem(m_def.colunaCodigo, chave, false));
+    const QVariant cod = m_rs->valor(colunaOrdem());
+    const QString onde = QStringLiteral("%1 > ? OR (%1 = ? AND %2 > ?)").arg(colunaOrdem(), chave);
+    return abreUm(onde, {cod, cod, chaveAtual()}, ordem(colunaOrdem(), chave, false));
 }
 
 bool TelaCadastro::moveAnterior()
@@ -251,9 +256,9 @@ bool TelaCadastro::moveAnterior()
     if (chaveAtual() < 0)
         return moveUltimo();
     const QString chave = m_rs->tabela()->chave;
-    const QVariant cod = m_rs->valor(m_def.colunaCodigo);
-    const QString onde = QStringLiteral("%1 < ? OR (%1 = ? AND %2 < ?)").arg(m_def.colunaCodigo, chave);
-    return abreUm(onde, {cod, cod, chaveAtual()}, ordem(m_def.colunaCodigo, chave, true));
+    const QVariant cod = m_rs->valor(colunaOrdem());
+    const QString onde = QStringLiteral("%1 < ? OR (%1 = ? AND %2 < ?)").arg(colunaOrdem(), chave);
+    return abreUm(onde, {cod, cod, chaveAtual()}, ordem(colunaOrdem(), chave, true));
 }
 
 bool TelaCadastro::moveChave(qint64 chave)
@@ -292,7 +297,9 @@ void TelaCadastro::buscaViva(const QString& texto)
 {
     // The search box shows deleted rows too: it is how a shop finds one to look at.
     Condicao c;
-    for (const QString& col : std::as_const(m_def.colunasBuscaViva)) {
+    if (m_def.condicaoBuscaViva && !texto.isEmpty())
+        c = m_def.condicaoBuscaViva(*m_banco, texto);
+    else for (const QString& col : std::as_const(m_def.colunasBuscaViva)) {
         const Condicao parte = Busca::porTexto(*m_banco, m_def.tabela, col, texto, true);
         c.sql = c.sql.isEmpty() ? QStringLiteral("(%1)").arg(parte.sql) : c.sql + QStringLiteral(" OR (%1)").arg(parte.sql);
         c.valores += parte.valores;
@@ -312,7 +319,7 @@ void TelaCadastro::buscaViva(const QString& texto)
 
 void TelaCadastro::ajustaBotoes()
 {
-    setWindowTitle(QStringLiteral("%1    %2   registros").arg(m_def.titulo).arg(m_total));
+    setWindowTitle(QStringLiteral("%1    %2   %3").arg(m_def.titulo).arg(m_total).arg(m_def.unidade));
     if (chaveAtual() < 0) {
         m_carregando = true;
         limpaCampos();
@@ -325,7 +332,7 @@ void TelaCadastro::ajustaBotoes()
         mostraAtual();
         liberaCampos();
         for (int i = 1; i < m_botoes.size(); ++i)
-            m_botoes[i]->setEnabled(true);
+            m_botoes[i]->setEnabled(botaoDisponivel(i));
     }
     m_botoes[0]->setText(Incluir);
     m_botoes[0]->setToolTip(QStringLiteral("Inclui novo cadastro"));
@@ -348,9 +355,9 @@ void TelaCadastro::incluirOuCancelar()
                 break;
             }
         m_botoes[0]->setText(Cancelar);
-        m_botoes[0]->setToolTip(QStringLiteral("Cancela a inclusão ou alteração do registro"));
+        m_botoes[0]->setToolTip(m_def.dicaCancelar);
         m_botoes[1]->setText(Salvar);
-        m_botoes[1]->setToolTip(QStringLiteral("Salva o cadastro"));
+        m_botoes[1]->setToolTip(m_def.dicaSalvar);
         m_botoes[1]->setEnabled(true);
         return;
     }
@@ -376,15 +383,16 @@ void TelaCadastro::marcaAlterado()
 {
     m_alterado = true;
     m_botoes[0]->setText(Cancelar);
-    m_botoes[0]->setToolTip(QStringLiteral("Cancela a inclusão ou alteração do registro"));
+    m_botoes[0]->setToolTip(m_def.dicaCancelar);
     m_botoes[1]->setText(Salvar);
-    m_botoes[1]->setToolTip(QStringLiteral("Salva o cadastro"));
+    m_botoes[1]->setToolTip(m_def.dicaSalvar);
     m_botoes[1]->setEnabled(true);
 }
 
 bool TelaCadastro::precisaSenha() const
 {
-    return sessao().SenhaLiberada == 0 && sessao().SenhaObrigatoria != 0;
+    // A screen with no word for the password at use (the agenda, the defects) asks none.
+    return !m_def.senhaOrigem.isEmpty() && sessao().SenhaLiberada == 0 && sessao().SenhaObrigatoria != 0;
 }
 
 void TelaCadastro::pedeSenha()
@@ -471,10 +479,13 @@ bool TelaCadastro::salvar()
     try {
         Transacao t(*m_banco);
         if (eraNovo) {
-            const qint64 codigo = Numeracao::proximoCodigo(*m_banco, m_def.tabela, m_def.colunaCodigo);
+            // A table whose code the engine numbers names no colunaCodigo.
+            const qint64 codigo = m_def.colunaCodigo.isEmpty()
+                ? 0 : Numeracao::proximoCodigo(*m_banco, m_def.tabela, m_def.colunaCodigo);
             m_rs->abrir(m_def.tabela, QStringLiteral("1 = 0"));
             m_rs->addNew();
-            m_rs->definir(m_def.colunaCodigo, codigo);
+            if (!m_def.colunaCodigo.isEmpty())
+                m_rs->definir(m_def.colunaCodigo, codigo);
             if (!m_def.colunaDataCadastro.isEmpty())
                 m_rs->definir(m_def.colunaDataCadastro, Datas::hoje());
         } else {
@@ -531,15 +542,15 @@ void TelaCadastro::excluir()
         if (!moveChave(chave))
             throw ErroBanco(QStringLiteral("O registro não existe mais no banco de dados."));
         if (fisica) {
-            const QVariant cod = m_rs->valor(m_def.colunaCodigo);
+            const QVariant cod = m_rs->valor(colunaOrdem());
             m_rs->deleteAtual();
             tr.commit();
             recontar();
             // The row before the deleted one, or the one after when it was the first.
-            const QString onde = QStringLiteral("%1 < ? OR (%1 = ? AND %2 < ?)").arg(m_def.colunaCodigo, t->chave);
-            if (!abreUm(onde, {cod, cod, chave}, ordem(m_def.colunaCodigo, t->chave, true))
-                && !abreUm(QStringLiteral("%1 >= ?").arg(m_def.colunaCodigo), {cod},
-                           ordem(m_def.colunaCodigo, t->chave, false)))
+            const QString onde = QStringLiteral("%1 < ? OR (%1 = ? AND %2 < ?)").arg(colunaOrdem(), t->chave);
+            if (!abreUm(onde, {cod, cod, chave}, ordem(colunaOrdem(), t->chave, true))
+                && !abreUm(QStringLiteral("%1 >= ?").arg(colunaOrdem()), {cod},
+                           ordem(colunaOrdem(), t->chave, false)))
                 m_rs->abrir(m_def.tabela, QStringLiteral("1 = 0"));
             m_novo = m_alterado = false;
             ajustaBotoes();

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QVariant>
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "data/Busca.h"
@@ -35,6 +36,9 @@ struct DefCadastro {
     QString tabela;              // "Cliente"
     QString titulo;              // "Cadastro de cliente": the caption adds the count
     QString colunaCodigo;        // numbered on a new record; rows are shown in its order
+    QString colunaOrdem;         // rows are shown in this order instead (a list by name
+                                 // whose code the engine numbers: colunaCodigo empty)
+    QString unidade = QStringLiteral("registros");  // the caption's count: "N   registros"
     bool soVivos = true;         // the list opens on live rows (Excluidos 0)
     QString colunaCarimbo;       // who changed the row last: "Alterado"
     QString colunaDataCadastro;  // a new record takes today's date
@@ -46,6 +50,10 @@ struct DefCadastro {
     QString mensagemObrigatorio;
     QLineEdit* buscaViva = nullptr;     // optional search box at the top
     QStringList colunasBuscaViva;       // code and name, searched in their middle
+    // The search box's own condition, for a table whose searched code is a plain number.
+    std::function<Condicao(Banco&, const QString&)> condicaoBuscaViva;
+    QString dicaSalvar = QStringLiteral("Salva o cadastro");
+    QString dicaCancelar = QStringLiteral("Cancela a inclusão ou alteração do registro");
 };
 
 // The register pattern: a row of buttons Botao(i) over the rows of one table, browse,
@@ -123,12 +131,17 @@ protected:
     // campos() by its type.
     virtual void gravaCampos(Recordset& rs);
     virtual void aposMostrar() {}
+    // A button of the screen's own that can't act now (its target screen isn't in this
+    // build) stays disabled whatever the state.
+    virtual bool botaoDisponivel(int) const { return true; }
 
     void ajustaBotoes();
     // Paints, places the field hooks (keys, upper case, Enter to the next field) on
     // widgets added after iniciar().
     void preparaCampo(const CampoCadastro& c);
     bool carregando() const { return m_carregando; }
+    // Reopens the rows on the text of the search box (a screen with two boxes calls it).
+    void buscaViva(const QString& texto);
 
     void closeEvent(QCloseEvent* e) override;
     void showEvent(QShowEvent* e) override;
@@ -150,8 +163,8 @@ private:
     bool moveProximo();
     bool moveAnterior();
     bool moveChave(qint64 chave);
-    void buscaViva(const QString& texto);
     QWidget* ultimoMultilinha() const;
+    const QString& colunaOrdem() const;
 
     DefCadastro m_def;
     QList<CampoCadastro> m_campos;

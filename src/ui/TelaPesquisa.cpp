@@ -53,6 +53,8 @@ TelaPesquisa::~TelaPesquisa() = default;
 bool TelaPesquisa::iniciar()
 {
     auto* grupo = new QGroupBox(QStringLiteral("Pesquisar por"), this);
+    if (m_opcoes.isEmpty())
+        grupo->hide();
     auto* linha = new QHBoxLayout(grupo);
     for (int i = 0; i < m_opcoes.size(); ++i) {
         auto* op = new QRadioButton(m_opcoes[i].rotulo, grupo);
@@ -75,6 +77,7 @@ bool TelaPesquisa::iniciar()
     for (int c = 0; c < m_grade.size(); ++c) {
         titulos << m_grade[c].titulo;
         m_gradeW->setColumnWidth(c, m_grade[c].largura);
+        m_gradeW->setColumnHidden(c, m_grade[c].largura <= 0);
     }
     m_gradeW->setHorizontalHeaderLabels(titulos);
     limpaGrade();
@@ -92,6 +95,9 @@ void TelaPesquisa::limpaGrade()
     m_gradeW->setRowCount(1);
     m_gradeW->clearContents();
     m_gradeW->setItem(0, 0, new QTableWidgetItem(textoInicial()));
+    // The invitation reads across the whole first line, however narrow the first column.
+    if (m_gradeW->columnCount() > 1)
+        m_gradeW->setSpan(0, 0, 1, m_gradeW->columnCount());
 }
 
 void TelaPesquisa::escolheOpcao(int i)
@@ -117,29 +123,90 @@ void TelaPesquisa::pesquisa()
         m_linhas.clear();
         return;
     }
+    const Opcao& op = m_opcoes[m_opcao];
     QApplication::setOverrideCursor(Qt::WaitCursor);
     try {
-        const Opcao& op = m_opcoes[m_opcao];
-        const Condicao c = Busca::porColuna(*m_banco, m_tabela, op.coluna, texto, op.meio);
-        Recordset rs(*m_banco);
-        rs.abrir(m_tabela, c.sql, c.valores, m_ordem.isEmpty() ? op.coluna : m_ordem);
-        m_linhas.clear();
-        for (rs.moveFirst(); !rs.eof(); rs.moveNext())
-            m_linhas << rs.registro();
+        bool haMais = false;
+        const QList<QSqlRecord> linhas = buscaLinhas(op, texto, &haMais);
+        mostraLinhas(linhas, haMais);
     } catch (const ErroBanco& e) {
         QApplication::restoreOverrideCursor();
         Dialogos::erro(this, QStringLiteral("Erro ao pesquisar,"), e.textoCompleto());
         return;
     }
+    QApplication::restoreOverrideCursor();
+}
+
+void TelaPesquisa::listaTodos()
+{
+    if (!m_banco)
+        return;
+    try {
+        mostra({}, {}, m_ordem);
+    } catch (const ErroBanco& e) {
+        Dialogos::erro(this, QStringLiteral("Erro ao pesquisar,"), e.textoCompleto());
+    }
+}
+
+QList<QSqlRecord> TelaPesquisa::buscaLinhas(const Opcao& op, const QString& texto, bool* haMais)
+{
+    const Condicao c = Busca::porColuna(*m_banco, m_tabela, op.coluna, texto, op.meio);
+    if (haMais)
+        *haMais = false;
+    return leLinhas(c.sql, c.valores, m_ordem.isEmpty() ? op.coluna : m_ordem);
+}
+
+QList<QSqlRecord> TelaPesquisa::leLinhas(const QString& onde, const QVariantList& valores, const QString& ordem)
+{
+    Recordset rs(*m_banco);
+    rs.abrir(m_tabela, onde, valores, ordem);
+    QList<QSqlRecord> linhas;
+    for (rs.moveFirst(); !rs.eof(); rs.moveNext())
+        linhas << rs.registro();
+    return linhas;
+}
+
+bool TelaPesquisa::mostra(const QString& onde, const QVariantList& valores, const QString& ordem)
+{
+    mostraLinhas(leLinhas(onde, valores, ordem));
+    return !m_linhas.isEmpty();
+}
+
+QString TelaPesquisa::textoCelula(const QString&, const QVariant& valor) const
+{
+    return valor.toString();
+}
+
+void TelaPesquisa::mostraLinhas(const QList<QSqlRecord>& linhas, bool haMais)
+{
+    m_linhas = linhas;
+    m_gradeW->clearSpans();
     m_gradeW->clearContents();
     m_gradeW->setRowCount(m_linhas.size());
     for (int r = 0; r < m_linhas.size(); ++r)
         for (int c = 0; c < m_grade.size(); ++c)
-            m_gradeW->setItem(r, c, new QTableWidgetItem(m_linhas[r].value(m_grade[c].coluna).toString()));
+            m_gradeW->setItem(r, c, new QTableWidgetItem(textoCelula(m_grade[c].coluna, m_linhas[r].value(m_grade[c].coluna))));
     m_linhaEscolhida = -1;
-    setWindowTitle(m_linhas.isEmpty() ? m_titulo
-                                      : QStringLiteral("%1 - %2 %3 encontrados").arg(m_titulo).arg(m_linhas.size()).arg(m_plural));
-    QApplication::restoreOverrideCursor();
+    const QString quantos = m_plural.isEmpty() ? QString::number(m_linhas.size())
+                                               : QStringLiteral("%1 %2").arg(m_linhas.size()).arg(m_plural);
+    const QString cabeca = m_tituloContagem.isEmpty() ? m_titulo : m_tituloContagem;
+    if (m_linhas.isEmpty())
+        setWindowTitle(m_titulo);
+    else if (haMais)
+        // Only the first rows come to the grid; the note tells so, and a longer text narrows it.
+        setWindowTitle(QStringLiteral("%1 - mais de %2 encontrados (mostrando os %3 primeiros)")
+                           .arg(cabeca, quantos).arg(m_linhas.size()));
+    else
+        setWindowTitle(QStringLiteral("%1 - %2 encontrados").arg(cabeca, quantos));
+}
+
+void TelaPesquisa::defineLarguraColuna(int coluna, int largura)
+{
+    if (coluna < 0 || coluna >= m_gradeW->columnCount())
+        return;
+    m_gradeW->setColumnHidden(coluna, largura <= 0);
+    if (largura > 0)
+        m_gradeW->setColumnWidth(coluna, largura);
 }
 
 void TelaPesquisa::definirChamador(const QString& flag, Acao acao)
@@ -178,6 +245,8 @@ void TelaPesquisa::escolhe(int linha)
     if (acao && *acao) {
         const Acao copia = *acao;
         copia(reg);
+    } else if (!acao) {
+        acaoPadrao(reg);
     }
     emit escolhido(m_codigo->text(), m_nome->text());
 }

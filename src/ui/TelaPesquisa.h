@@ -44,6 +44,8 @@ public:
     void pesquisa();
     void escolhe(int linha);
     int encontrados() const { return m_linhas.size(); }
+    // A caller may narrow the grid: width in pixels, 0 hides the column.
+    void defineLarguraColuna(int coluna, int largura);
     static QString textoInicial() { return QStringLiteral("Escolha um item acima,digite e aperte enter"); }
 
 signals:
@@ -54,6 +56,7 @@ protected:
     QString m_tabela;           // "Cliente"
     QString m_titulo;           // "Busca Cliente"
     QString m_plural;           // "clientes"
+    QString m_tituloContagem;   // the caption's head when rows were found; empty: m_titulo
     QString m_colunaCodigo;
     QString m_colunaNome;
     QString m_ordem;            // ORDER BY of the results
@@ -61,13 +64,28 @@ protected:
     QList<ColunaGrade> m_grade;
     QStringList m_ordemChamadores;
     bool iniciar();
+    // Lists every row of the table in m_ordem (a search with no options lists on load).
+    void listaTodos();
     QVBoxLayout* layoutTopo() const { return m_topo; }
+    Banco* banco() const { return m_banco.get(); }
+    // The rows of an option's search. The default reads every row of the option's pattern;
+    // a screen over a big table answers with its first rows and sets `haMais` when more
+    // remain.
+    virtual QList<QSqlRecord> buscaLinhas(const Opcao& opcao, const QString& texto, bool* haMais);
+    // How a grid cell shows its column's value (the masks of documents and telephones).
+    virtual QString textoCelula(const QString& coluna, const QVariant& valor) const;
+    // The choice when no calling place has set its flag.
+    virtual void acaoPadrao(const QSqlRecord&) {}
+    // Fills the grid and the caption with the rows found.
+    void mostraLinhas(const QList<QSqlRecord>& linhas, bool haMais = false);
     void closeEvent(QCloseEvent* e) override;
     void showEvent(QShowEvent* e) override;
     bool eventFilter(QObject* alvo, QEvent* e) override;
 
 private:
     void limpaGrade();
+    bool mostra(const QString& onde, const QVariantList& valores, const QString& ordem);
+    QList<QSqlRecord> leLinhas(const QString& onde, const QVariantList& valores, const QString& ordem);
     std::unique_ptr<Banco> m_banco;
     QList<QRadioButton*> m_botoesOpcao;
     QList<QLineEdit*> m_textos;

@@ -1,0 +1,175 @@
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSqlRecord>
+#include <QTableWidget>
+#include <QtTest>
+
+#include "apoio/BancoTeste.h"
+#include "data/Conexoes.h"
+#include "data/Sessao.h"
+#include "registers/Cliente.h"
+#include "registers/PesquisaCliente.h"
+#include "ui/Dialogos.h"
+#include "ui/RegistroTelas.h"
+
+class TstPesquisaCliente : public QObject {
+    Q_OBJECT
+    std::unique_ptr<BancoTeste> b;
+    QPointer<PesquisaCliente> tela;
+
+    void abre()
+    {
+        tela = qobject_cast<PesquisaCliente*>(RegistroTelas::abrir("PesquisaCliente"));
+        QVERIFY(tela);
+    }
+    QTableWidget* grade() { return tela->findChild<QTableWidget*>("Grade"); }
+    void busca(int opcao, const QString& t)
+    {
+        QTest::mouseClick(tela->findChild<QRadioButton*>(QString("Option1(%1)").arg(opcao)), Qt::LeftButton);
+        auto* caixa = tela->findChild<QLineEdit*>(QString("Text1(%1)").arg(opcao));
+        caixa->setText(t);
+        QTest::keyClick(caixa, Qt::Key_Return);
+    }
+    QString celula(int linha, int coluna) { return grade()->item(linha, coluna)->text(); }
+
+private slots:
+    void init()
+    {
+        b = std::make_unique<BancoTeste>(Motor::SQLite);
+        QVERIFY(b->pronto());
+        Conexoes::configurar(b->config());
+        Dialogos::Roteiro::iniciar();
+        sessao().zerarDireitos();
+        sessao().DireitoClienteAl = 1;
+        for (const auto& [cod, nome, tel, doc, exc] :
+             {std::tuple{1, "ANA SOUZA", "1133331000", "11144477735", 0},
+              std::tuple{2, "BRUNO", "1133332000", "11222333000181", 0},
+              std::tuple{12, "ANALU", "", "", -1},
+              std::tuple{1203, "CARLA", "", "", -1}})
+            b->banco().executar("INSERT INTO Cliente (CodCliente, NomeCliente, Telefone, CnpjCpf, Excluidos) "
+                                "VALUES (?, ?, ?, ?, ?)", {cod, QString(nome), QString(tel), QString(doc), exc});
+        abre();
+    }
+    void cleanup()
+    {
+        RegistroTelas::fecharTodas();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        b.reset();
+    }
+
+    void opcoesDaTela_data()
+    {
+        QTest::addColumn<int>("opcao");
+        QTest::addColumn<QString>("texto");
+        QTest::addColumn<QStringList>("codigos");
+        QTest::addColumn<QString>("titulo");
+        QTest::newRow("code anywhere, deleted 1203 through its 0") << 0 << "12" << QStringList{"1203"}
+                                                                    << "Busca Cliente - 1 clientes encontrados";
+        QTest::newRow("name from its start, live only") << 1 << "ana" << QStringList{"1"}
+                                                        << "Busca Cliente - 1 clientes encontrados";
+        QTest::newRow("telephone in the middle") << 2 << "3333" << QStringList{"1", "2"}
+                                                 << "Busca Cliente - 2 clientes encontrados";
+        QTest::newRow("CPF/CNPJ in the middle") << 5 << "2223" << QStringList{"2"}
+                                                << "Busca Cliente - 1 clientes encontrados";
+        QTest::newRow("nothing found: the plain caption") << 4 << "555" << QStringList{} << "Busca Cliente";
+    }
+    void opcoesDaTela()
+    {
+        QFETCH(int, opcao);
+        QFETCH(QString, texto);
+        QFETCH(QStringList, codigos);
+        QFETCH(QString, titulo);
+        busca(opcao, texto);
+        QStringList achados;
+        for (int r = 0; r < grade()->rowCount(); ++r)
+            achados << celula(r, 0);
+        QCOMPARE(achados, codigos);
+        QCOMPARE(tela->windowTitle(), titulo);
+    }
+
+    void gradeMostraMascaras()
+    {
+        busca(2, "3333");
+        QStringList titulos;
+        for (int c = 0; c < grade()->columnCount(); ++c)
+            titulos << grade()->horizontalHeaderItem(c)->text();
+        QCOMPARE(titulos, (QStringList{"Código", "Nome", "Telefone", "Celular", "Tel/Fax", "Cpf/Cnpj"}));
+        QCOMPARE(celula(0, 2), QString("(11)3333-1000"));
+        QCOMPARE(celula(0, 5), QString("111-444-777/35"));
+        QCOMPARE(celula(1, 5), QString("11-222-333-0001/81"));
+    }
+
+    void buscaAoDigitarMostraExcluidos()
+    {
+        tela->findChild<QLineEdit*>("Text4")->setText("an");
+        QCOMPARE(grade()->rowCount(), 2);
+        QCOMPARE(celula(1, 1), QString("ANALU"));
+        QCOMPARE(tela->windowTitle(), QString("Busca Cliente - 2 clientes encontrados"));
+    }
+
+    void muitasLinhasAvisamNaLegenda()
+    {
+        for (int i = 0; i < PesquisaCliente::LimiteLinhas + 1; ++i)
+            b->banco().executar("INSERT INTO Cliente (CodCliente, NomeCliente) VALUES (?, ?)",
+                                {5000 + i, QString("ANTONIO %1").arg(i)});
+        busca(1, "ANT");
+        QCOMPARE(grade()->rowCount(), PesquisaCliente::LimiteLinhas);
+        QCOMPARE(tela->windowTitle(), QString("Busca Cliente - mais de 500 clientes encontrados (mostrando os 500 primeiros)"));
+    }
+
+    void escolhaDoMenuAbreOCadastro()
+    {
+        busca(1, "bru");
+        grade()->setCurrentCell(0, 1);
+        QTest::keyClick(grade(), Qt::Key_Return);
+        auto* cadastro = qobject_cast<Cliente*>(RegistroTelas::aberta("Cliente"));
+        QVERIFY(cadastro);
+        QCOMPARE(cadastro->findChild<QLineEdit*>("Text1(0)")->text(), QString("BRUNO"));
+        QCOMPARE(cadastro->findChild<QLineEdit*>("Text2")->text(), QString("2"));
+        QTRY_VERIFY(!tela);  // the search closed
+    }
+
+    void escolhaNaoApagaCadastroAlterado()
+    {
+        auto* cadastro = qobject_cast<Cliente*>(RegistroTelas::abrir("Cliente"));
+        QMetaObject::invokeMethod(cadastro, "abrirNoModo", Q_ARG(QString, "Novo"));
+        auto* nome = cadastro->findChild<QLineEdit*>("Text1(0)");
+        QTest::keyClicks(nome, "ZE");
+        abre();
+        busca(1, "bru");
+        grade()->setCurrentCell(0, 0);
+        QTest::keyClick(grade(), Qt::Key_Return);
+        QCOMPARE(nome->text(), QString("ZE"));
+        QCOMPARE(cadastro->estado(), TelaCadastro::Estado::Inclusao);
+        QVERIFY(Dialogos::Roteiro::contem("Salve ou cancele"));
+    }
+
+    void primeiroChamadorGanhaEFecharEsquece()
+    {
+        QStringList chamados;
+        PesquisaCliente::abrirPara(PesquisaCliente::Chamador::Pagamento,
+                                   [&](const QSqlRecord& c) { chamados << "Pagamento " + c.value("NomeCliente").toString(); });
+        PesquisaCliente::abrirPara(PesquisaCliente::Chamador::EntradaOs,
+                                   [&](const QSqlRecord& c) { chamados << "Entrada " + c.value("NomeCliente").toString(); });
+        // The intake's call starts on the name.
+        QVERIFY(tela->findChild<QRadioButton*>("Option1(1)")->isChecked());
+        busca(1, "ana");
+        grade()->setCurrentCell(0, 0);
+        QTest::keyClick(grade(), Qt::Key_Return);
+        QCOMPARE(chamados, QStringList{"Entrada ANA SOUZA"});
+        QVERIFY(!RegistroTelas::aberta("Cliente"));
+        QTRY_VERIFY(!tela);
+        abre();
+        QVERIFY(!tela->chamadorDefinido(PesquisaCliente::nomeFlag(PesquisaCliente::Chamador::Pagamento)));
+    }
+
+    void modoDoMenuNovaOsEscolheNome()
+    {
+        QMetaObject::invokeMethod(tela, "abrirNoModo", Q_ARG(QString, "EntradaOs"));
+        QVERIFY(tela->findChild<QRadioButton*>("Option1(1)")->isChecked());
+        QVERIFY(tela->chamadorDefinido("EntradaOs"));
+    }
+};
+
+QTEST_MAIN(TstPesquisaCliente)
+#include "tst_pesquisacliente.moc"

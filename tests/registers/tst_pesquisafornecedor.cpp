@@ -1,0 +1,81 @@
+#include <QLineEdit>
+#include <QSqlRecord>
+#include <QTableWidget>
+#include <QtTest>
+
+#include "apoio/BancoTeste.h"
+#include "data/Conexoes.h"
+#include "registers/PesquisaFornecedor.h"
+#include "ui/Dialogos.h"
+#include "ui/RegistroTelas.h"
+
+class TstPesquisaFornecedor : public QObject {
+    Q_OBJECT
+    std::unique_ptr<BancoTeste> b;
+
+    QTableWidget* grade(QWidget* w) { return w->findChild<QTableWidget*>("Grade"); }
+
+private slots:
+    void init()
+    {
+        b = std::make_unique<BancoTeste>(Motor::SQLite);
+        QVERIFY(b->pronto());
+        Conexoes::configurar(b->config());
+        Dialogos::Roteiro::iniciar();
+    }
+    void cleanup()
+    {
+        RegistroTelas::fecharTodas();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        b.reset();
+    }
+
+    void listaTodosPeloNome_data()
+    {
+        QTest::addColumn<int>("quantos");
+        QTest::addColumn<QString>("titulo");
+        QTest::newRow("deleted suppliers listed too") << 3 << "Busca Fornecedores - 3 encontrados";
+        QTest::newRow("no supplier: the plain caption") << 0 << "Busca Fornecedores";
+    }
+    void listaTodosPeloNome()
+    {
+        QFETCH(int, quantos);
+        QFETCH(QString, titulo);
+        const QList<std::tuple<int, QString, int>> linhas = {{1, "ZETA", 0}, {2, "ACME", -1}, {3, "MEGA", 0}};
+        for (int i = 0; i < quantos; ++i)
+            b->banco().executar("INSERT INTO Fornecedor (CodFornecedor, NomeEmpresa, Produto, Excluidos) VALUES (?, ?, 'TVs', ?)",
+                                {std::get<0>(linhas[i]), std::get<1>(linhas[i]), std::get<2>(linhas[i])});
+        QWidget* tela = RegistroTelas::abrir("PesquisaFornecedor");
+        QCOMPARE(tela->windowTitle(), titulo);
+        if (quantos) {
+            QCOMPARE(grade(tela)->rowCount(), 3);
+            QCOMPARE(grade(tela)->item(0, 1)->text(), QString("ACME"));
+            QCOMPARE(grade(tela)->item(2, 1)->text(), QString("ZETA"));
+            QCOMPARE(grade(tela)->item(0, 3)->text(), QString("TVs"));
+        }
+    }
+
+    void escolhaVaiAQuemChamouOuAbreOCadastro()
+    {
+        b->banco().executar("INSERT INTO Fornecedor (CodFornecedor, NomeEmpresa, Excluidos) VALUES (7, 'ACME', -1)");
+        QString escolhido;
+        auto* tela = PesquisaFornecedor::abrirPara(PesquisaFornecedor::Chamador::Produto,
+                                                   [&](const QSqlRecord& f) { escolhido = f.value("NomeEmpresa").toString(); });
+        grade(tela)->setCurrentCell(0, 0);
+        QTest::keyClick(grade(tela), Qt::Key_Return);
+        QCOMPARE(escolhido, QString("ACME"));
+        QVERIFY(!RegistroTelas::aberta("Fornecedor"));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+        // The menu's list: the register opens on the supplier, deleted as it is.
+        QWidget* lista = RegistroTelas::abrir("PesquisaFornecedor");
+        grade(lista)->setCurrentCell(0, 0);
+        QTest::keyClick(grade(lista), Qt::Key_Return);
+        QWidget* cadastro = RegistroTelas::aberta("Fornecedor");
+        QVERIFY(cadastro);
+        QCOMPARE(cadastro->findChild<QLineEdit*>("Text1(0)")->text(), QString("ACME"));
+    }
+};
+
+QTEST_MAIN(TstPesquisaFornecedor)
+#include "tst_pesquisafornecedor.moc"
