@@ -115,7 +115,10 @@ private slots:
         QTest::keyClicks(w<QLineEdit>(&tela, "TxtOsFabrica"), "a");  // letters don't enter a counter
         QCOMPARE(w<QLineEdit>(&tela, "TxtOsFabrica")->text(), QString("9"));
         QCOMPARE(w<QPushButton>(&tela, "Botao(1)")->text(), QString("&Cancelar"));
+        w<QCheckBox>(&tela, "Check4(2)")->setChecked(true);
+        sessao().CfgTipoLetra = "False";
         clica(&tela, "Botao(0)");
+        QCOMPARE(sessao().CfgTipoLetra, QString("True"));  // the session follows the save
         QCOMPARE(empresa("CodOs").toInt(), 0);
         QCOMPARE(empresa("CodOsfabrica").toInt(), 9);
         QCOMPARE(conta("Empresa"), 1);
