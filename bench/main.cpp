@@ -19,6 +19,7 @@
 #include "data/Recordset.h"
 #include "data/Transacao.h"
 #include "orders/ListasPainel.h"
+#include "registers/BuscaClientes.h"
 
 namespace {
 
@@ -98,6 +99,12 @@ int main(int argc, char** argv)
         m << mede("Estado: contagem Aprovado & Consertado & Saida & Excluidos", 50, [&] {
             conta(*b, "OrdemServico", Busca::porEstado({"Aprovado", "Consertado", "Saida", "Excluidos"}, {-1, -1, 0, 0}));
         });
+        const QList<std::tuple<BuscaClientes::Opcao, QString, QString>> buscasCliente = {
+            {BuscaClientes::Opcao::Nome, "nome", "maria"}, {BuscaClientes::Opcao::Codigo, "código", "1234"},
+            {BuscaClientes::Opcao::CnpjCpf, "CPF/CNPJ", "45678"}, {BuscaClientes::Opcao::Telefone, "telefone", "8765"}};
+        for (const auto& [opcao, nome, texto] : buscasCliente)
+            m << mede(QStringLiteral("Pesquisa de clientes por %1 (\"%2\"), 100 primeiras").arg(nome, texto), 50,
+                      [&] { BuscaClientes::buscar(*b, opcao, texto, 100); });
         const QList<std::pair<Lista, QString>> listas = {
             {Lista::Autorizado, "Autorizado"}, {Lista::AguardaPeca, "Aguarda peça"}, {Lista::Consertado, "Consertado"},
             {Lista::Devolver, "Devolver"}, {Lista::Pendente, "Pendente"}, {Lista::NaFila, "Na Fila"},
