@@ -1,5 +1,7 @@
 #include "shell/Inicializacao.h"
 
+#include <QScreen>
+
 #include <QApplication>
 #include <QWidget>
 
@@ -128,6 +130,10 @@ void Inicializacao::abrirPrincipal()
         QCoreApplication::quit();
         return;
     }
+    // Without a window manager (a kiosk session) nothing maximizes the window: fill the
+    // screen ourselves.
+    if (QScreen* tela = w->screen())
+        w->setGeometry(tela->availableGeometry());
     w->showMaximized();
     if (w != m_principal) {
         m_principal = w;
