@@ -124,6 +124,7 @@ ConfiguraSistema::ConfiguraSistema(QWidget* pai) : QWidget(pai)
 
     // Every entry field marks the screen changed, and Enter moves on.
     for (QLineEdit* t : findChildren<QLineEdit*>()) {
+        Campos::enterAvanca(t);
         t->installEventFilter(this);
         if (!t->validator() && !t->isReadOnly() && t->objectName() != QStringLiteral("Text9"))
             Campos::preparaLinha(t, t->objectName().startsWith(QStringLiteral("TxtValor")));
@@ -869,13 +870,6 @@ void ConfiguraSistema::filtraCatalogo(int indice, const QString& texto)
 
 bool ConfiguraSistema::eventFilter(QObject* alvo, QEvent* e)
 {
-    if (e->type() == QEvent::KeyPress) {
-        const int k = static_cast<QKeyEvent*>(e)->key();
-        if (k == Qt::Key_Return || k == Qt::Key_Enter) {
-            focusNextChild();
-            return true;
-        }
-    }
     if (e->type() == QEvent::FocusOut && alvo->objectName() == QStringLiteral("Text1(10)") && !m_carregando)
         confereCpfCnpj();
     return QWidget::eventFilter(alvo, e);

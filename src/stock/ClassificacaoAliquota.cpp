@@ -66,7 +66,7 @@ ClassificacaoAliquota::ClassificacaoAliquota(QWidget* pai) : QWidget(pai)
     });
     connect(m_grade, &QTableWidget::cellClicked, this, &ClassificacaoAliquota::escolhe);
     for (QLineEdit* t : {m_descricao, m_icms}) {
-        t->installEventFilter(this);
+        Campos::enterAvanca(t);
         connect(t, &QLineEdit::textEdited, this, [this] { ListaEditavel::digitacao(m_botao[0], m_botao[1]); });
     }
     resize(480, 420);
@@ -77,17 +77,6 @@ ClassificacaoAliquota::ClassificacaoAliquota(QWidget* pai) : QWidget(pai)
 
 ClassificacaoAliquota::~ClassificacaoAliquota() = default;
 
-bool ClassificacaoAliquota::eventFilter(QObject* alvo, QEvent* e)
-{
-    if (e->type() == QEvent::KeyPress) {
-        const int k = static_cast<QKeyEvent*>(e)->key();
-        if (k == Qt::Key_Return || k == Qt::Key_Enter) {
-            focusNextChild();
-            return true;
-        }
-    }
-    return QWidget::eventFilter(alvo, e);
-}
 
 void ClassificacaoAliquota::recarrega(qint64 escolher)
 {

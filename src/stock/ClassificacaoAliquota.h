@@ -18,7 +18,6 @@ public:
     void excluirOuCancelar();
 
 protected:
-    bool eventFilter(QObject* alvo, QEvent* e) override;
 
 private:
     void recarrega(qint64 escolher = -1);

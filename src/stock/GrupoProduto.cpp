@@ -98,7 +98,7 @@ GrupoProduto::GrupoProduto(QWidget* pai) : QWidget(pai)
     });
     // Typing over a chosen row changes it; the buttons say so.
     for (QLineEdit* t : {m_grupo, m_subGrupo}) {
-        t->installEventFilter(this);
+        Campos::enterAvanca(t);
         connect(t, &QLineEdit::textEdited, this, [this] { ListaEditavel::digitacao(m_botao[0], m_botao[1]); });
     }
     resize(520, 460);
@@ -111,17 +111,6 @@ GrupoProduto::~GrupoProduto() = default;
 
 bool GrupoProduto::abaSubGrupo() const { return m_abas->currentIndex() == 1; }
 
-bool GrupoProduto::eventFilter(QObject* alvo, QEvent* e)
-{
-    if (e->type() == QEvent::KeyPress) {
-        const int k = static_cast<QKeyEvent*>(e)->key();
-        if (k == Qt::Key_Return || k == Qt::Key_Enter) {
-            focusNextChild();
-            return true;
-        }
-    }
-    return QWidget::eventFilter(alvo, e);
-}
 
 void GrupoProduto::recarregaGrupos(qint64 escolher)
 {

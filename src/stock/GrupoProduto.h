@@ -21,7 +21,6 @@ public:
     void excluirOuCancelar();
 
 protected:
-    bool eventFilter(QObject* alvo, QEvent* e) override;
 
 private:
     bool abaSubGrupo() const;

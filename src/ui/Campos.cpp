@@ -1,6 +1,8 @@
 #include "ui/Campos.h"
 
 #include <QAbstractButton>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLabel>
@@ -99,3 +101,30 @@ void preparaLinha(QLineEdit* le, bool numerico)
 }
 
 } // namespace Campos
+
+namespace {
+
+// Enter sends a Tab, as the screens always did, so focus moves by the tab order.
+class EnterAvanca : public QObject {
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* alvo, QEvent* e) override
+    {
+        if (e->type() == QEvent::KeyPress) {
+            const int k = static_cast<QKeyEvent*>(e)->key();
+            if (k == Qt::Key_Return || k == Qt::Key_Enter) {
+                QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+                QCoreApplication::sendEvent(alvo, &tab);
+                return true;
+            }
+        }
+        return QObject::eventFilter(alvo, e);
+    }
+};
+
+} // namespace
+
+void Campos::enterAvanca(QWidget* campo)
+{
+    campo->installEventFilter(new EnterAvanca(campo));
+}

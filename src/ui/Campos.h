@@ -16,4 +16,6 @@ void marca(QWidget* w, bool v);
 // field only digits and the comma stay, typed or pasted.
 void preparaLinha(QLineEdit* le, bool numerico);
 QString soNumerico(const QString& t);
+// Enter in the field moves to the next field, as the counter staff are used to.
+void enterAvanca(QWidget* campo);
 }
