@@ -12,6 +12,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalBlocker>
 #include <QSqlRecord>
 
 #include "data/ArquivoIni.h"
@@ -323,7 +324,7 @@ QString OrdemServicoEntrada::textoCombo(const QComboBox* c, const QString& promp
 
 void OrdemServicoEntrada::aviso(const QString& texto)
 {
-    auto* a = new AvisoTransitorio(texto, 1500, true);
+    auto* a = new AvisoTransitorio(texto, 1500, true, this);
     a->setObjectName(QStringLiteral("AvisoEntrada"));
     a->setAttribute(Qt::WA_DeleteOnClose);
     a->show();
@@ -386,6 +387,8 @@ void OrdemServicoEntrada::mostraRegistro(const Recordset& rs)
 
 void OrdemServicoEntrada::mostra(const Ordem& o)
 {
+    // Showing an order is not a change of it (the warranty copy is shown from outside).
+    const QSignalBlocker b1(m_sintoma), b2(m_observacao);
     auto poe = [](QWidget* w, const QString& t) { Campos::poeTexto(w, t); };
     poe(m_codOs, o.CodOs ? QString::number(o.CodOs) : QString());
     m_fabrica->setChecked(o.Fabrica);
@@ -536,8 +539,9 @@ void OrdemServicoEntrada::botaoIncluir()
     m_ordem.CodOsAut = 0;
     m_ordem.CodOs = 0;
     mostraDefeitos();
-    for (int i = 2; i <= 5; ++i)
-        botao(i)->setEnabled(false);
+    // The catalogue of defects stays at hand while the order is typed.
+    for (int i = 2; i <= 7; ++i)
+        botao(i)->setEnabled(i >= 6);
     poeTitulo();
     foco->setFocus();
 }

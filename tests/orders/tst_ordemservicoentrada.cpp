@@ -264,7 +264,9 @@ private slots:
     void ordemFinalizadaTravaEASenhaLibera()
     {
         const qint64 k = inserirOrdem(b->banco(), 3, "ANA");
-        b->banco().executar("UPDATE OrdemServico SET Saida = -1, DataSaida = '2026/01/02' WHERE CodOsAut = ?", {k});
+        b->banco().executar(
+            "UPDATE OrdemServico SET Saida = -1, DataEntrada = '2026/01/01', DataSaida = '2026/01/02' WHERE CodOsAut = ?",
+            {k});
         sessao().DireitoAltOs = 0;
         abre();
         QVERIFY(tela->mostraOrdem("3", QString::number(k)));
@@ -328,6 +330,7 @@ private slots:
         abre();
         tela->preparaRetornoGarantia(TransicoesOrdem::garantiaNovaOrdem(antiga));
         QVERIFY(tela->findChild<QCheckBox*>("Check1")->isChecked());
+        QCOMPARE(texto(1)->text(), QString::number(antiga.CodOs));
         QTest::mouseClick(botao(0), Qt::LeftButton);
         QCOMPARE(texto(1)->text(), QString::number(antiga.CodOs));
         QVERIFY(texto(0)->text().isEmpty());
