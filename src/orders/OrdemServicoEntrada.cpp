@@ -230,8 +230,9 @@ void OrdemServicoEntrada::montaTela()
             if (auto cli = EntradaRegras::clientePorCodigo(*banco(), c.value(QStringLiteral("CodCliente")).toString()))
                 poeCliente(*cli);
         });
+        // The search opens on names (its option 1) with what the name box holds.
         if (p)
-            if (auto* nome = p->findChild<QLineEdit*>(QStringLiteral("Text3")))
+            if (auto* nome = p->findChild<QLineEdit*>(QStringLiteral("Text1(1)")))
                 nome->setText(Campos::texto(m_nome));
     });
     connect(botao(5), &QPushButton::clicked, this, &OrdemServicoEntrada::pedirVisita);
@@ -540,8 +541,10 @@ void OrdemServicoEntrada::botaoIncluir()
     m_ordem.CodOs = 0;
     mostraDefeitos();
     // The catalogue of defects stays at hand while the order is typed.
+    // The customer search and the catalogue of defects stay at hand while the order is
+    // typed: the search is how a customer whose document isn't known is found.
     for (int i = 2; i <= 7; ++i)
-        botao(i)->setEnabled(i >= 6);
+        botao(i)->setEnabled(i == 4 || i >= 6);
     poeTitulo();
     foco->setFocus();
 }

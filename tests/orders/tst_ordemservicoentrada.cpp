@@ -13,6 +13,7 @@
 #include "orders/GravacaoOrdem.h"
 #include "orders/OrdemServicoEntrada.h"
 #include "orders/TransicoesOrdem.h"
+#include "registers/PesquisaCliente.h"
 #include "ui/Dialogos.h"
 #include "ui/RegistroTelas.h"
 
@@ -164,6 +165,38 @@ private slots:
         QTest::mouseClick(botao(1), Qt::LeftButton);
         QCOMPARE(contar("Cliente"), 1);
         QCOMPARE(escalar("SELECT CodCliente FROM OrdemServico").toString(), QString("7"));
+    }
+
+    void clientePelaPesquisaEMesmoClienteNaProxima()
+    {
+        b->banco().executar("INSERT INTO Cliente (CodCliente, NomeCliente, Endereco, Telefone) "
+                            "VALUES (9, 'MARCOS LIMA', 'AV. SUL', '3333')");
+        abre();
+        QTest::mouseClick(botao(0), Qt::LeftButton);
+        digita(texto(3), "MARCOS");
+        QTest::mouseClick(botao(4), Qt::LeftButton);
+        auto* p = qobject_cast<PesquisaCliente*>(RegistroTelas::aberta("PesquisaCliente"));
+        QVERIFY(p);
+        QCOMPARE(p->findChild<QLineEdit*>("Text1(1)")->text(), QString("MARCOS"));
+        p->pesquisa();
+        QCOMPARE(p->encontrados(), 1);
+        p->escolhe(0);
+        QCOMPARE(texto(3)->text(), QString("MARCOS LIMA"));
+        QCOMPARE(texto(10)->text(), QString("9"));
+        digita(texto(12), "TV 29");
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QCOMPARE(contar("Cliente"), 1);
+        // The next order for the same customer keeps the address, not the appliance or dates.
+        Dialogos::Roteiro::responderSim();
+        QTest::mouseClick(botao(0), Qt::LeftButton);
+        QVERIFY(Dialogos::Roteiro::contem("Incluir mesmo cliente ?"));
+        QCOMPARE(texto(4)->text(), QString("AV. SUL"));
+        QVERIFY(texto(12)->text().isEmpty());
+        QVERIFY(texto(0)->text().isEmpty());
+        QVERIFY(texto(24)->text().isEmpty());
+        QCOMPARE(combo(1)->currentText(), QString("Selecione ao lado o Tipo -->"));
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QCOMPARE(escalar("SELECT COUNT(*) FROM OrdemServico WHERE CodCliente = '9'").toInt(), 2);
     }
 
     void semDireitoGuardaOClienteERecusaAOrdem()
