@@ -71,6 +71,10 @@ OrdemServicoEntrada::OrdemServicoEntrada(QWidget* pai) : TelaCadastro(pai)
     resize(1000, 640);
     if (iniciar())
         carregaCatalogos();
+    // The customer's code is read, never typed: it wears the screen's colour.
+    QPalette p = m_codCliente->palette();
+    p.setColor(QPalette::Base, palette().color(QPalette::Window));
+    m_codCliente->setPalette(p);
     aplicaCfgDefeitos();
     travaDatas(true);
     poeTitulo();
@@ -141,12 +145,16 @@ void OrdemServicoEntrada::montaTela()
     m_dataEntrada->setToolTip(QStringLiteral("Duplo clique para alterar a data"));
     m_dataSaida->setToolTip(QStringLiteral("Duplo clique para alterar a data"));
 
+    // The prompt shows in an empty combo and goes away at the first letter typed.
+    m_tipo->lineEdit()->setPlaceholderText(PromptTipo);
+    m_marca->lineEdit()->setPlaceholderText(PromptMarca);
     m_comboDef = new QComboBox(corpo());
     m_comboDef->setObjectName(QStringLiteral("Combo3"));
     m_comboDef->setEditable(true);
     m_comboDef->setInsertPolicy(QComboBox::NoInsert);
     m_codigoDef = new QLineEdit(corpo());
     m_codigoDef->setObjectName(QStringLiteral("Text2"));
+    m_codigoDef->setMinimumWidth(70);
     m_rotuloCodigoDef = rotulo(QStringLiteral("Digite o código do defeito e precione enter"));
     m_lCad = new QListWidget(corpo());
     m_lCad->setObjectName(QStringLiteral("LCad"));
@@ -202,7 +210,7 @@ void OrdemServicoEntrada::montaTela()
     auto* sint = new QVBoxLayout;
     sint->addWidget(m_sintoma);
     auto* linhaDef = new QHBoxLayout;
-    linhaDef->addWidget(m_comboDef, 2);
+    linhaDef->addWidget(m_comboDef, 3);
     linhaDef->addWidget(m_rotuloCodigoDef);
     linhaDef->addWidget(m_codigoDef, 1);
     sint->addLayout(linhaDef);
@@ -268,6 +276,8 @@ void OrdemServicoEntrada::montaTela()
 
 void OrdemServicoEntrada::carregaCatalogos()
 {
+    // The first order is already shown when the lists arrive: its kind and brand stay.
+    const QString tipo = m_tipo->currentText(), marca = m_marca->currentText();
     try {
         const bool antes = m_tipo->blockSignals(true);
         m_tipo->clear();
@@ -286,8 +296,8 @@ void OrdemServicoEntrada::carregaCatalogos()
     } catch (const ErroBanco& e) {
         Dialogos::erro(this, QStringLiteral("Erro ao carregar formulário,"), e.textoCompleto());
     }
-    m_tipo->setEditText(PromptTipo);
-    m_marca->setEditText(PromptMarca);
+    m_tipo->setEditText(tipo);
+    m_marca->setEditText(marca);
     m_comboDef->setEditText(QString());
 }
 
@@ -349,8 +359,8 @@ void OrdemServicoEntrada::limpaCampos()
             Campos::limpa(c.widget);
     if (modo == Limpeza::Tudo)
         m_clienteNovo = false;
-    m_tipo->setEditText(PromptTipo);
-    m_marca->setEditText(PromptMarca);
+    m_tipo->setEditText(QString());
+    m_marca->setEditText(QString());
     m_fabrica->setChecked(false);
     m_opPorcento->setAutoExclusive(false);
     m_opPorcento->setChecked(false);
@@ -405,11 +415,11 @@ void OrdemServicoEntrada::mostra(const Ordem& o)
     poe(m_telefone, o.Telefone);
     poe(m_celular, o.Celular);
     poe(m_codCliente, o.CodCliente);
-    m_tipo->setEditText(o.Tipo.isEmpty() ? PromptTipo : o.Tipo);
+    m_tipo->setEditText(o.Tipo);
     poe(m_valorPorcentagem, o.ValorPorcentagem.texto());
     m_opPorcento->setChecked(o.TipoPorcentagem);
     m_opValor->setChecked(!o.TipoPorcentagem);
-    m_marca->setEditText(o.Marca.isEmpty() ? PromptMarca : o.Marca);
+    m_marca->setEditText(o.Marca);
     poe(m_modelo, o.Modelo);
     poe(m_serie, o.NumeroSerie);
     poe(m_cor, o.CorProduto);

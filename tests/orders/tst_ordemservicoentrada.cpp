@@ -97,7 +97,8 @@ private slots:
                  escalar("SELECT CodCliente FROM Cliente").toString());
         QCOMPARE(escalar("SELECT DataEntrada FROM OrdemServico").toString(), Datas::hoje());
         QCOMPARE(escalar("SELECT OsAlterado FROM OrdemServico").toString(), QString("ANA"));
-        QCOMPARE(contar("PorcenTecnico"), 1);  // the kind typed joined the list
+        QCOMPARE(escalar("SELECT Tipo FROM PorcenTecnico").toString(), QString("TV"));  // joined the list
+        QCOMPARE(escalar("SELECT Tipo FROM OrdemServico").toString(), QString("TV"));
         QVERIFY(!tela->clienteNovo());
         QCOMPARE(botao(1)->text(), QString("&Excluir"));
         QVERIFY(tela->windowTitle().startsWith("Cadastro de Ordem de Serviço   1   registros"));
@@ -194,7 +195,8 @@ private slots:
         QVERIFY(texto(12)->text().isEmpty());
         QVERIFY(texto(0)->text().isEmpty());
         QVERIFY(texto(24)->text().isEmpty());
-        QCOMPARE(combo(1)->currentText(), QString("Selecione ao lado o Tipo -->"));
+        QVERIFY(combo(1)->currentText().isEmpty());
+        QCOMPARE(combo(1)->lineEdit()->placeholderText(), QString("Selecione ao lado o Tipo -->"));
         QTest::mouseClick(botao(1), Qt::LeftButton);
         QCOMPARE(escalar("SELECT COUNT(*) FROM OrdemServico WHERE CodCliente = '9'").toInt(), 2);
     }
@@ -292,6 +294,11 @@ private slots:
         QVERIFY(!tela->mostraOrdem("1", QString("2%1").arg(k)));
         QVERIFY(tela->mostraOrdem("12", QString::number(k)));
         QCOMPARE(texto(3)->text(), QString("ANA"));
+        // The screen opens on the first order with its kind shown.
+        RegistroTelas::fecharTodas();
+        b->banco().executar("UPDATE OrdemServico SET Tipo = 'RADIO'");
+        abre();
+        QCOMPARE(combo(1)->currentText(), QString("RADIO"));
     }
 
     void ordemFinalizadaTravaEASenhaLibera()
