@@ -4,6 +4,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QtTest>
 
 #include "ApoioOrdens.h"
@@ -14,6 +15,7 @@
 #include "orders/OrdemServicoEntrada.h"
 #include "orders/TransicoesOrdem.h"
 #include "registers/PesquisaCliente.h"
+#include "shell/Avisos.h"
 #include "ui/Dialogos.h"
 #include "ui/RegistroTelas.h"
 
@@ -228,6 +230,23 @@ private slots:
         QCOMPARE(escalar("SELECT Modelo FROM OrdemServico").toString(), QString("MODELO 'A' \"B\""));
     }
 
+    void tipoDaListaTrazAComissao()
+    {
+        b->banco().executar("INSERT INTO PorcenTecnico (Tipo, ValorTipo, porcentagem) VALUES ('GELADEIRA', 1550, -1)");
+        abre();
+        QTest::mouseClick(botao(0), Qt::LeftButton);
+        digita(texto(3), "ANA");
+        const int i = combo(1)->findText("GELADEIRA");
+        QVERIFY(i >= 0);
+        combo(1)->setCurrentIndex(i);
+        emit combo(1)->activated(i);
+        QCOMPARE(texto(11)->text(), QString("15,50"));
+        QVERIFY(tela->findChild<QRadioButton*>("Option1(0)")->isChecked());
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QCOMPARE(escalar("SELECT ValorPorcentagem FROM OrdemServico").toLongLong(), 1550);
+        QCOMPARE(escalar("SELECT TipoPorcentagem FROM OrdemServico").toInt(), -1);
+    }
+
     void tipoComApostrofoGuardaAspas()
     {
         abre();
@@ -257,6 +276,14 @@ private slots:
         sai(combo(3));
         QCOMPARE(ldef->count(), 2);
         QCOMPARE(contar("DefeitoReclamado"), 2);
+        QVERIFY(tela->findChild<AvisoTransitorio*>("AvisoEntrada"));
+        // A code typed with Enter puts its defect in the combo; one already listed isn't added twice.
+        auto* codigo = tela->findChild<QLineEdit*>("Text2");
+        digita(codigo, "1");
+        QTest::keyClick(codigo, Qt::Key_Return);
+        QCOMPARE(combo(3)->currentText(), QString("NAO LIGA"));
+        sai(combo(3));
+        QCOMPARE(ldef->count(), 2);
         QTest::mouseClick(botao(1), Qt::LeftButton);
         QCOMPARE(contar("SintomaOS"), 2);
         QCOMPARE(escalar("SELECT Sintoma FROM OrdemServico").toString(), QString("NAO LIGA,SEM SOM,"));
