@@ -13,6 +13,9 @@
 namespace EntradaRegras {
 
 namespace {
+// Empty text is stored as "", never NULL.
+QVariant txt(const QString& t) { return t.isNull() ? QStringLiteral("") : t; }
+
 QString soDigitos(const QString& t)
 {
     QString d;
@@ -82,8 +85,8 @@ qint64 gravarClienteNovo(Banco& banco, const ClienteBalcao& c)
                    QStringLiteral("Numero"), QStringLiteral("Bairro"), QStringLiteral("Cidade"),
                    QStringLiteral("Telefone"), QStringLiteral("Celular"), QStringLiteral("CnpjCpf"),
                    QStringLiteral("DataCadastro"), QStringLiteral("Alterado")},
-                  {cod, c.NomeCliente, c.Endereco, c.Numero, c.Bairro, c.Cidade, c.Telefone, c.Celular, c.CnpjCpf,
-                   Datas::hoje(), sessao().UsuarioNome});
+                  {cod, txt(c.NomeCliente), txt(c.Endereco), txt(c.Numero), txt(c.Bairro), txt(c.Cidade),
+                   txt(c.Telefone), txt(c.Celular), txt(c.CnpjCpf), Datas::hoje(), txt(sessao().UsuarioNome)});
     tr.commit();
     return cod;
 }
@@ -100,10 +103,10 @@ qint64 pedirVisita(Banco& banco, const QString& codCliente, const QString& nome,
                    QStringLiteral("HoraSolicitada"), QStringLiteral("Atendida"), QStringLiteral("Tecnico"),
                    QStringLiteral("OsAlterado"), QStringLiteral("TipoFormulario"), QStringLiteral("Aguarda"),
                    QStringLiteral("Acaminho"), QStringLiteral("Orcamento"), QStringLiteral("Executado")},
-                  {cod, codCliente, nome, endereco,
+                  {cod, txt(codCliente), txt(nome), txt(endereco),
                    QStringLiteral("Ordem de Serviço de entrada nº ") + (codOs > 0 ? QString::number(codOs) : QString())
                        + QStringLiteral("\nBuscar aparelho para conserto"),
-                   Datas::hoje(), Datas::agoraHora(), 0, usuario, usuario, QStringLiteral("Visita"), -1, 0, 0, 0});
+                   Datas::hoje(), Datas::agoraHora(), 0, txt(usuario), txt(usuario), QStringLiteral("Visita"), -1, 0, 0, 0});
     tr.commit();
     return cod;
 }

@@ -220,6 +220,16 @@ private slots:
         QCOMPARE(escalar("SELECT COUNT(*) FROM OrdemServico WHERE CodCliente = '9'").toInt(), 2);
     }
 
+    void clienteEVisitaSoComONome()
+    {
+        // Boxes never typed into are stored as empty text: the columns take no NULL.
+        EntradaRegras::ClienteBalcao c;
+        c.NomeCliente = "SO NOME";
+        QCOMPARE(EntradaRegras::gravarClienteNovo(b->banco(), c), qint64(1));
+        QCOMPARE(EntradaRegras::pedirVisita(b->banco(), QString(), "SO NOME", QString(), 0), qint64(1));
+        QCOMPARE(escalar("SELECT Endereco FROM Cliente").toString(), QString(""));
+    }
+
     void semDireitoGuardaOClienteERecusaAOrdem()
     {
         abre();
