@@ -66,7 +66,6 @@ OrdemServicoEntrada::OrdemServicoEntrada(QWidget* pai) : TelaCadastro(pai)
     connect(botao(1), &QPushButton::clicked, this, &OrdemServicoEntrada::botaoSalvar);
     AcoesSenha::registrar(QStringLiteral("OrdemEntrada"), this, [this] { botaoSalvar(); });
     AcoesSenha::registrar(QStringLiteral("EntradaVisita"), this, [this] { pedirVisita(); });
-    AcoesSenha::registrar(Recusa::origemLiberacao(), this, [] {});
     definirBotaoFechar(3);
     resize(1000, 640);
     if (iniciar())

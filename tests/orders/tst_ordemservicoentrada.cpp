@@ -383,6 +383,47 @@ private slots:
         QCOMPARE(sessao().LiberaAltOs, 0);
     }
 
+    void travaConferidaDeNovoAoGravar()
+    {
+        const qint64 k = inserirOrdem(b->banco(), 4, "ANA");
+        sessao().DireitoAltOs = 0;
+        abre();
+        QVERIFY(tela->mostraOrdem("4", QString::number(k)));
+        digita(texto(12), "NOVO");
+        // Meanwhile the till closes the order on another station.
+        b->banco().executar("UPDATE OrdemServico SET Saida = -1 WHERE CodOsAut = ?", {k});
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QVERIFY(Dialogos::Roteiro::contem("Está ordem de serviço já foi finalizada"));
+        QCOMPARE(escalar("SELECT Modelo FROM OrdemServico").toString(), QString(""));
+        QCOMPARE(texto(12)->text(), QString("NOVO"));
+    }
+
+    void fecharComAlteracaoPerguntaEGrava()
+    {
+        abre();
+        novaOrdem("ANA");
+        Dialogos::Roteiro::responder(QVariant::fromValue(Dialogos::Resposta::Sim));
+        QVERIFY(tela->close());
+        QVERIFY(Dialogos::Roteiro::contem("Você alterou o registro,deseja salvar ?"));
+        QCOMPARE(contar("OrdemServico"), 1);
+    }
+
+    void clienteEntregueDoCadastroENovoDoMenu()
+    {
+        abre();
+        tela->novoComCliente({{"CodCliente", "3"}, {"NomeCliente", "LIA"}, {"Endereco", "RUA B"}, {"Numero", "8"}});
+        QCOMPARE(tela->estado(), TelaCadastro::Estado::Inclusao);
+        QCOMPARE(texto(3)->text(), QString("LIA"));
+        QCOMPARE(texto(5)->text(), QString("8"));
+        QCOMPARE(texto(10)->text(), QString("3"));
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QCOMPARE(escalar("SELECT CodCliente FROM OrdemServico").toString(), QString("3"));
+        QCOMPARE(contar("Cliente"), 0);  // a registered customer is not stored again
+        QMetaObject::invokeMethod(tela, "abrirNoModo", Q_ARG(QString, "Novo"));
+        QVERIFY(Dialogos::Roteiro::contem("Incluir mesmo cliente ?"));
+        QCOMPARE(tela->estado(), TelaCadastro::Estado::Inclusao);
+    }
+
     void exclusaoMarcadaOuDefinitiva_data()
     {
         QTest::addColumn<int>("permanente");
