@@ -18,8 +18,12 @@
 #include "data/Numeracao.h"
 #include "data/Recordset.h"
 #include "data/Transacao.h"
+#include "data/Sessao.h"
 #include "orders/ListasPainel.h"
 #include "registers/BuscaClientes.h"
+#include "orders/Ordem.h"
+#include "orders/OrdemServicoEntradaRegras.h"
+#include "orders/TransicoesOrdem.h"
 
 namespace {
 
@@ -119,6 +123,25 @@ int main(int argc, char** argv)
             Transacao tr(*b);
             Numeracao::proximoCodigo(*b, "OrdemServico", "CodOs");
         }, 21);
+
+        // The counter's intake: the customer found by the document typed, and a new order
+        // with a new customer stored in one transaction (rolled back, so the store keeps its
+        // size for the next run).
+        const QString documento =
+            b->escalar("SELECT CnpjCpf FROM Cliente WHERE CodCliente = ?", {qMax(1, clientes / 2)}).toString();
+        m << mede("Entrada: cliente pelo CPF digitado", 20, [&] { EntradaRegras::clientePorDocumento(*b, documento); });
+        sessao().DireitoOsEntAl = 1;
+        sessao().UsuarioNome = QStringLiteral("BENCH");
+        m << mede("Entrada: gravar O.S nova com cliente novo (desfeita)", 100, [&] {
+            Transacao tr(*b);
+            EntradaRegras::ClienteBalcao cli;
+            cli.NomeCliente = QStringLiteral("CLIENTE BALCAO");
+            Ordem o;
+            o.NomeCliente = cli.NomeCliente;
+            o.Tipo = QStringLiteral("TV");
+            o.CodCliente = QString::number(EntradaRegras::gravarClienteNovo(*b, cli));
+            TransicoesOrdem::salvarEntrada(*b, o, {});
+        }, 11);
 
         QTextStream out(stdout);
         out << "Toldex " << TOLDEX_VERSAO << " — " << (c.motor == Motor::SQLite ? "SQLite" : "PostgreSQL") << ", "

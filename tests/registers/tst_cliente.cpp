@@ -285,7 +285,7 @@ private slots:
         cliente(1, "ANA");
         abre();
         QVERIFY(!RegistroTelas::registrada("OrdemVisita"));
-        QVERIFY(!botao(2)->isEnabled());
+        QCOMPARE(botao(2)->isEnabled(), RegistroTelas::registrada("OrdemServicoEntrada"));
         QVERIFY(!botao(3)->isEnabled());
         QVERIFY(botao(1)->isEnabled());
     }
