@@ -4,6 +4,7 @@
 //   toldex_bench [--ordens N] [--clientes N] [--abertas N] [--pasta DIR] [--postgres]
 // A store already filled in --pasta is reused.
 #include <QCommandLineParser>
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -15,6 +16,9 @@
 #include "Medidor.h"
 #include "data/Banco.h"
 #include "data/Busca.h"
+#include "data/Conexoes.h"
+#include "data/Sessao.h"
+#include "ui/RegistroTelas.h"
 #include "data/Numeracao.h"
 #include "data/Recordset.h"
 #include "data/Transacao.h"
@@ -42,7 +46,10 @@ void primeiras100(Banco& b, const QString& tabela, const Condicao& c, const QStr
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
+    // Screens are opened too (the intake), on the offscreen platform: no display needed.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
     QCommandLineParser p;
     p.addOption({"ordens", "orders", "n", "1000000"});
     p.addOption({"clientes", "customers", "n", "200000"});
@@ -143,6 +150,15 @@ int main(int argc, char** argv)
             TransicoesOrdem::salvarEntrada(*b, o, {});
             tr.commit();
         }, 11);
+
+        Conexoes::configurar(c);
+        sessao().DireitoOsEntLe = 1;
+        m << mede("Entrada: abrir a tela OrdemServicoEntrada", 300, [&] {
+            RegistroTelas::abrir(QStringLiteral("OrdemServicoEntrada"));
+            QCoreApplication::processEvents();
+            RegistroTelas::fechar(QStringLiteral("OrdemServicoEntrada"));
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }, 5);
 
         QTextStream out(stdout);
         out << "Toldex " << TOLDEX_VERSAO << " — " << (c.motor == Motor::SQLite ? "SQLite" : "PostgreSQL") << ", "
