@@ -152,6 +152,30 @@ qint64 Banco::inserir(const DefTabela& tabela, const QStringList& colunas, const
     return q.value(0).toLongLong();
 }
 
+QString Banco::textoDaColuna(const DefColuna& c)
+{
+    if (c.tipo == TipoColuna::Texto || c.tipo == TipoColuna::Data || c.tipo == TipoColuna::Hora)
+        return QStringLiteral("COALESCE(%1, '')").arg(c.nome);
+    return QStringLiteral("COALESCE(CAST(%1 AS TEXT), '')").arg(c.nome);
+}
+
+QString Banco::ddlColuna(const DefColuna& c) const
+{
+    QString tipo;
+    switch (c.tipo) {
+    case TipoColuna::AutoNumero: tipo = tipoAutoNumero(); break;
+    case TipoColuna::Inteiro: tipo = tipoInteiro(); break;
+    case TipoColuna::Flag: tipo = QStringLiteral("INTEGER NOT NULL DEFAULT 0 CHECK (%1 IN (-1, 0))").arg(c.nome); break;
+    case TipoColuna::FlagNula: tipo = QStringLiteral("INTEGER CHECK (%1 IN (-1, 0))").arg(c.nome); break;
+    case TipoColuna::Dinheiro:
+    case TipoColuna::Quantidade: tipo = tipoInteiro() + QStringLiteral(" NOT NULL DEFAULT 0"); break;
+    case TipoColuna::Texto:
+    case TipoColuna::Data:
+    case TipoColuna::Hora: tipo = QStringLiteral("TEXT NOT NULL DEFAULT ''"); break;
+    }
+    return c.nome + QLatin1Char(' ') + tipo;
+}
+
 void Banco::criarTabela(const DefTabela& t)
 {
     QStringList defs;

@@ -40,7 +40,10 @@ public:
     qint64 inserir(const DefTabela& tabela, const QStringList& colunas, const QVariantList& valores);
 
     // Dialect.
-    virtual QString ddlColuna(const DefColuna& c) const = 0;
+    QString ddlColuna(const DefColuna& c) const;
+    // The two column types that differ between the engines.
+    virtual QString tipoAutoNumero() const = 0;
+    virtual QString tipoInteiro() const = 0;
     // `armazenada`: kept in the row (new tables) rather than computed on each read (a
     // column added to an older store, which SQLite can only add that way).
     virtual QString expressaoDobrada(const DefColuna& c, bool armazenada = true) const = 0;
@@ -50,6 +53,8 @@ public:
     virtual QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const = 0;
     // The bound value for that condition, from the folded text sought.
     virtual QString valorTrigrama(const QString& dobrado) const = 0;
+    // The column as text, NULL as empty: what the folded copy is made of.
+    static QString textoDaColuna(const DefColuna& c);
     QString textoDe(const QString& expressao) const { return QStringLiteral("CAST(%1 AS TEXT)").arg(expressao); }
 
     // Nested transactions join the outer one (see Transacao).

@@ -9,39 +9,10 @@
 
 #include <sqlite3.h>
 
-namespace {
-
-QString tipoSql(const DefColuna& c)
-{
-    switch (c.tipo) {
-    case TipoColuna::AutoNumero: return QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT");
-    case TipoColuna::Inteiro: return QStringLiteral("INTEGER");
-    case TipoColuna::Flag: return QStringLiteral("INTEGER NOT NULL DEFAULT 0 CHECK (%1 IN (-1, 0))").arg(c.nome);
-    case TipoColuna::FlagNula: return QStringLiteral("INTEGER CHECK (%1 IN (-1, 0))").arg(c.nome);
-    case TipoColuna::Dinheiro:
-    case TipoColuna::Quantidade: return QStringLiteral("INTEGER NOT NULL DEFAULT 0");
-    case TipoColuna::Texto:
-    case TipoColuna::Data:
-    case TipoColuna::Hora: return QStringLiteral("TEXT NOT NULL DEFAULT ''");
-    }
-    return QStringLiteral("TEXT");
-}
-
-} // namespace
-
-QString BancoSqlite::ddlColuna(const DefColuna& c) const
-{
-    return c.nome + QLatin1Char(' ') + tipoSql(c);
-}
-
 QString BancoSqlite::expressaoDobrada(const DefColuna& c, bool armazenada) const
 {
-    // SQLite's upper() folds ASCII only, which is what we want; accents go first through
-    // a chain of replace() calls, the same letters as Texto::dobra.
     // toldex_dobra is Texto::dobra itself, registered on every connection we open.
-    const QString e = c.tipo == TipoColuna::Texto || c.tipo == TipoColuna::Data || c.tipo == TipoColuna::Hora
-        ? QStringLiteral("COALESCE(%1, '')").arg(c.nome)
-        : QStringLiteral("COALESCE(CAST(%1 AS TEXT), '')").arg(c.nome);
+    const QString e = textoDaColuna(c);
     return QStringLiteral("GENERATED ALWAYS AS (toldex_dobra(%1)) %2")
         .arg(e, armazenada ? QStringLiteral("STORED") : QStringLiteral("VIRTUAL"));
 }

@@ -8,7 +8,8 @@ class BancoSqlite : public Banco {
 public:
     explicit BancoSqlite(ConfigBanco c) : Banco(std::move(c)) {}
 
-    QString ddlColuna(const DefColuna& c) const override;
+    QString tipoAutoNumero() const override { return QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT"); }
+    QString tipoInteiro() const override { return QStringLiteral("INTEGER"); }
     QString expressaoDobrada(const DefColuna& c, bool armazenada = true) const override;
     QString comandoInicioEscrita() const override { return QStringLiteral("BEGIN IMMEDIATE"); }
     QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const override;
