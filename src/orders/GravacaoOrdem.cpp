@@ -48,34 +48,32 @@ void verificarTrava(Banco& banco, const Ordem& o, TelaOrdem tela)
         throw OrdemRecusada(*r);
 }
 
-void gravarSintomas(Banco& banco, const Ordem& o)
+// A child table of the order is rewritten whole, found by the order's key.
+template <typename Linha>
+void regravarFilhas(Banco& banco, const Ordem& o, const QString& tabela, const QList<Linha>& linhas,
+                    void (*escrever)(const Linha&, Recordset&))
 {
-    banco.executar(QStringLiteral("DELETE FROM SintomaOS WHERE CodOsAut = ?"), {o.CodOsAut});
+    banco.executar(QStringLiteral("DELETE FROM %1 WHERE CodOsAut = ?").arg(tabela), {o.CodOsAut});
     Recordset rs(banco);
-    rs.abrir(QStringLiteral("SintomaOS"), QStringLiteral("1 = 0"));
-    for (const SintomaOrdem& s : o.sintomas) {
+    rs.abrir(tabela, QStringLiteral("1 = 0"));
+    for (const Linha& l : linhas) {
         rs.addNew();
         rs.definir(QStringLiteral("CodOs"), o.CodOs);
         rs.definir(QStringLiteral("CodOsAut"), o.CodOsAut);
         rs.definir(QStringLiteral("NomeOS"), o.NomeCliente);
-        ColunasFilhas::escreverSintoma(s, rs);
+        escrever(l, rs);
         rs.update();
     }
 }
 
+void gravarSintomas(Banco& banco, const Ordem& o)
+{
+    regravarFilhas(banco, o, QStringLiteral("SintomaOS"), o.sintomas, &ColunasFilhas::escreverSintoma);
+}
+
 void gravarServicos(Banco& banco, const Ordem& o)
 {
-    banco.executar(QStringLiteral("DELETE FROM ServicoOS WHERE CodOsAut = ?"), {o.CodOsAut});
-    Recordset rs(banco);
-    rs.abrir(QStringLiteral("ServicoOS"), QStringLiteral("1 = 0"));
-    for (const ServicoOrdem& s : o.servicos) {
-        rs.addNew();
-        rs.definir(QStringLiteral("CodOs"), o.CodOs);
-        rs.definir(QStringLiteral("CodOsAut"), o.CodOsAut);
-        rs.definir(QStringLiteral("NomeOS"), o.NomeCliente);
-        ColunasFilhas::escreverServico(s, rs);
-        rs.update();
-    }
+    regravarFilhas(banco, o, QStringLiteral("ServicoOS"), o.servicos, &ColunasFilhas::escreverServico);
 }
 
 void gravarPecas(Banco& banco, Ordem& o)
