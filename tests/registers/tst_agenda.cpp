@@ -5,6 +5,7 @@
 #include <QtTest>
 
 #include "apoio/BancoTeste.h"
+#include "ui/AmbienteTela.h"
 #include "data/Conexoes.h"
 #include "data/Sessao.h"
 #include "registers/Agenda.h"
@@ -47,13 +48,9 @@ private:
 private slots:
     void init()
     {
-        b = std::make_unique<BancoTeste>(Motor::SQLite);
+        b = ambienteDeTela();
         QVERIFY(b->pronto());
-        Conexoes::configurar(b->config());
-        Dialogos::Roteiro::iniciar();
-        Dialogos::Roteiro::limpar();
         Sessao& s = sessao();
-        s.zerarDireitos();
         s.SenhaObrigatoria = -1;
         s.SenhaLiberada = 0;
         s.UsuarioNome = "MARIA";

@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include "apoio/BancoTeste.h"
+#include "ui/AmbienteTela.h"
 #include "data/Conexoes.h"
 #include "data/Dinheiro.h"
 #include "data/FuncoesMascaras.h"
@@ -64,13 +65,9 @@ class TstCliente : public QObject {
 private slots:
     void init()
     {
-        b = std::make_unique<BancoTeste>(Motor::SQLite);
+        b = ambienteDeTela();
         QVERIFY(b->pronto());
-        Conexoes::configurar(b->config());
-        Dialogos::Roteiro::iniciar();
-        Dialogos::Roteiro::limpar();
         Sessao& s = sessao();
-        s.zerarDireitos();
         s.DireitoClienteAl = 1;
         s.UsuarioNome = "MARIA";
         s.CfgTipoLetra = "False";

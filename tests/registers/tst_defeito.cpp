@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include "apoio/BancoTeste.h"
+#include "ui/AmbienteTela.h"
 #include "data/Conexoes.h"
 #include "data/Sessao.h"
 #include "registers/Defeito.h"
@@ -46,13 +47,9 @@ private:
 private slots:
     void init()
     {
-        b = std::make_unique<BancoTeste>(Motor::SQLite);
+        b = ambienteDeTela();
         QVERIFY(b->pronto());
-        Conexoes::configurar(b->config());
-        Dialogos::Roteiro::iniciar();
-        Dialogos::Roteiro::limpar();
         Sessao& s = sessao();
-        s.zerarDireitos();  // no right is asked for here
         s.SenhaObrigatoria = -1;  // nor the password at use, even for a user who must give it
         s.SenhaLiberada = 0;
         s.UsuarioNome = "MARIA";

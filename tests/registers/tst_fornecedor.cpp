@@ -4,6 +4,7 @@
 #include <QtTest>
 
 #include "apoio/BancoTeste.h"
+#include "ui/AmbienteTela.h"
 #include "data/Conexoes.h"
 #include "data/FuncoesMascaras.h"
 #include "data/Sessao.h"
@@ -46,13 +47,9 @@ class TstFornecedor : public QObject {
 private slots:
     void init()
     {
-        b = std::make_unique<BancoTeste>(Motor::SQLite);
+        b = ambienteDeTela();
         QVERIFY(b->pronto());
-        Conexoes::configurar(b->config());
-        Dialogos::Roteiro::iniciar();
-        Dialogos::Roteiro::limpar();
         Sessao& s = sessao();
-        s.zerarDireitos();
         s.DireitoFornecedorAl = 1;
         s.UsuarioNome = "MARIA";
         s.CfgTipoLetra = "False";
