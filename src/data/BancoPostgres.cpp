@@ -2,6 +2,7 @@
 
 #include <QSqlError>
 
+#include "data/Funcoes.h"
 #include "data/Texto.h"
 
 namespace {
@@ -38,7 +39,10 @@ void BancoPostgres::configurarDriver()
     m_db.setUserName(m_config.usuario);
     if (!m_config.senha.isEmpty())
         m_db.setPassword(m_config.senha);
-    m_db.setConnectOptions(QStringLiteral("connect_timeout=5;application_name=Toldex"));
+    // Maintenance tells this program's connections from the other stations' by this name.
+    QString nome = QStringLiteral("Toldex ") + NomeComputador();
+    nome.replace(QLatin1Char('\\'), QLatin1String("\\\\")).replace(QLatin1Char('\''), QLatin1String("\\'"));
+    m_db.setConnectOptions(QStringLiteral("connect_timeout=5;application_name='%1'").arg(nome));
 }
 
 void BancoPostgres::aposAbrir()

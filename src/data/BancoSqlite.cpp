@@ -65,12 +65,17 @@ void dobraSql(sqlite3_context* ctx, int, sqlite3_value** argv)
 
 } // namespace
 
+bool BancoSqlite::registrarFuncoes(sqlite3* handle)
+{
+    return handle && sqlite3_create_function_v2(handle, "toldex_dobra", 1,
+                                                SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr,
+                                                dobraSql, nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
 void BancoSqlite::aposAbrir()
 {
     auto* handle = *static_cast<sqlite3**>(m_db.driver()->handle().data());
-    if (!handle || sqlite3_create_function_v2(handle, "toldex_dobra", 1,
-                                              SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr,
-                                              dobraSql, nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (!registrarFuncoes(handle))
         throw ErroBanco(QStringLiteral("Erro no banco de dados."), QStringLiteral("Função de busca não registrada."));
     // A file that isn't a database only fails on the first read.
     executar(QStringLiteral("PRAGMA foreign_keys = OFF"));

@@ -1,6 +1,8 @@
 #pragma once
 #include "data/Banco.h"
 
+struct sqlite3;
+
 // The embedded store: one file TOLDEX.db in the folder CaminhoBanco names, WAL journal
 // so that readers never wait for a writer, and a busy timeout so that a second station
 // waits its turn instead of failing.
@@ -14,6 +16,9 @@ public:
     QString comandoInicioEscrita() const override { return QStringLiteral("BEGIN IMMEDIATE"); }
     QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const override;
     QString valorTrigrama(const QString& dobrado) const override;
+
+    // The program's own SQL functions, on a connection opened outside Qt (maintenance).
+    static bool registrarFuncoes(sqlite3* handle);
 
 protected:
     void configurarDriver() override;

@@ -8,6 +8,7 @@
 #include "data/Banco.h"
 #include "data/Conexoes.h"
 #include "data/Sessao.h"
+#include "maintenance/ArrumacaoInicial.h"
 #include "shell/Principal.h"
 #include "shell/Reconecta.h"
 #include "ui/Dialogos.h"
@@ -62,6 +63,7 @@ void Inicializacao::continuar()
 
 Inicializacao::Banco Inicializacao::prepararBanco()
 {
+    ArrumacaoInicial::executar(Conexoes::config());
     auto banco = Conexoes::nova();
     if (!banco)
         return Banco::Indisponivel;

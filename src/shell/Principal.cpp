@@ -12,6 +12,7 @@
 
 #include "data/Datas.h"
 #include "data/Sessao.h"
+#include "maintenance/Trabalho.h"
 #include "shell/AvisoPrincipal.h"
 #include "shell/BarraStatus.h"
 #include "shell/ImagemPrincipal.h"
@@ -146,7 +147,7 @@ Principal::Principal(QWidget* pai)
 
     // The reminder comes once the window stands, not over an empty screen.
     if (empresa.lida && empresa.semBackup)
-        QTimer::singleShot(0, this, [this] { Dialogos::mensagem(this, QStringLiteral("Faça o backup do Banco de dados"), Titulo); });
+        QTimer::singleShot(0, this, &Principal::oferecerBackup);
 
     m_versao = new VerificaVersao(this);
     connect(m_versao, &VerificaVersao::terminou, this, &Principal::aoVerificar);
@@ -279,21 +280,46 @@ void Principal::encerrarParaAtualizar()
     QCoreApplication::quit();
 }
 
+void Principal::abrirBackup()
+{
+    const Sessao& s = sessao();
+    if (!s.servidor())
+        Dialogos::mensagem(this, Acoes::mensagemSoServidor(Acoes::Origem::MenuLateral), Titulo, Dialogos::Icone::Aviso);
+    else if (s.DireitoBackup != 1)
+        RegistroTelas::abrir(QStringLiteral("Negado"));
+    else
+        Acoes::abrirTela(QStringLiteral("BackupDados"));
+}
+
+void Principal::oferecerBackup()
+{
+    if (Dialogos::pergunta(this, QStringLiteral("Faça o backup do Banco de dados\nDeseja fazer agora?"), Titulo))
+        abrirBackup();
+}
+
+bool Principal::trabalhoEmAndamento()
+{
+    // A backup or a restore half done is worse than none: the window waits for it.
+    if (Trabalho::emAndamento() == 0)
+        return false;
+    Dialogos::mensagem(this, QStringLiteral("Há uma cópia ou restauração do banco de dados em andamento.\n"
+                                            "Aguarde o fim ou cancele-a antes de sair do programa."),
+                       Titulo, Dialogos::Icone::Aviso);
+    return true;
+}
+
 void Principal::closeEvent(QCloseEvent* evento)
 {
+    if (trabalhoEmAndamento()) {
+        evento->ignore();
+        return;
+    }
     if (!m_encerrando) {
         if (diasSemBackup() > LimiteDiasBackup
             && Dialogos::pergunta(this, QStringLiteral("O backup já não é feito a mais de um dia,deseja fazer agora ?"), Titulo)) {
             evento->ignore();
             mostrarMenuLateral();
-            const Sessao& s = sessao();
-            if (!s.servidor())
-                Dialogos::mensagem(this, Acoes::mensagemSoServidor(Acoes::Origem::MenuLateral), Titulo, Dialogos::Icone::Aviso);
-            else if (s.DireitoBackup != 1)
-                RegistroTelas::abrir(QStringLiteral("Negado"));
-            else if (!Acoes::abrirTela(QStringLiteral("BackupDados")))
-                Dialogos::mensagem(this, QStringLiteral("A cópia de segurança ainda não está instalada nesta versão do programa."),
-                                   Titulo, Dialogos::Icone::Aviso);
+            abrirBackup();
             return;
         }
         if (!Dialogos::pergunta(this, QStringLiteral("Você quer sair do programa ?"), Titulo)) {

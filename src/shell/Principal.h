@@ -64,6 +64,10 @@ protected:
     void closeEvent(QCloseEvent* evento) override;
 
 private:
+    // The backup asked for at start and at closing: server and right first.
+    void abrirBackup();
+    void oferecerBackup();
+    bool trabalhoEmAndamento();
     void criarMenus();
     void acionar(const Acoes::Acao& a);
     void aoVerificar(VerificaVersao::Resultado resultado);

@@ -1,5 +1,6 @@
 #include "shell/Reconecta.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
@@ -19,6 +20,7 @@
 #include "data/ArquivoIni.h"
 #include "data/Conexoes.h"
 #include "data/Local.h"
+#include "data/SenhaPostgres.h"
 #include "data/Sessao.h"
 #include "shell/Acoes.h"
 #include "shell/LeEmpresa.h"
@@ -162,6 +164,10 @@ Reconecta::Reconecta(QWidget* pai)
     pg->addRow(QStringLiteral("Banco:"), m_nomeBanco);
     pg->addRow(QStringLiteral("Usuário:"), m_usuario);
     pg->addRow(QStringLiteral("Senha:"), m_senha);
+    m_lembrar = new QCheckBox(QStringLiteral("Lembrar neste computador"), m_painelPg);
+    m_lembrar->setObjectName(QStringLiteral("ChkLembrar"));
+    m_lembrar->setToolTip(QStringLiteral("Guarda a senha só para este usuário do computador (arquivo .pgpass)."));
+    pg->addRow(QString(), m_lembrar);
     l->addWidget(m_painelPg);
 
     auto* bl = new QVBoxLayout;
@@ -347,6 +353,8 @@ bool Reconecta::gravar()
             && ini.gravar(Secao, QStringLiteral("NomeBanco"), m_nomeBanco->text().trimmed(), &erro)
             && ini.gravar(Secao, QStringLiteral("UsuarioBanco"), m_usuario->text().trimmed(), &erro);
         Reconexao::definirSenhaBanco(m_senha->text());
+        if (ok && m_lembrar->isChecked() && !m_senha->text().isEmpty())
+            ok = SenhaPostgres::lembrar(Reconexao::configAtual(), m_senha->text(), &erro);
     } else if (ok) {
         ok = ini.gravar(Secao, QStringLiteral("Motor"), QStringLiteral("SQLite"), &erro);
     }
@@ -357,31 +365,39 @@ bool Reconecta::gravar()
     return true;
 }
 
-void Reconecta::restaurar()
+bool Reconecta::manutencaoPermitida()
 {
     if (!sessao().servidor()) {
         Dialogos::mensagem(this, Acoes::mensagemSoServidor(Acoes::Origem::MenuLateral), Titulo, Dialogos::Icone::Aviso);
-        return;
+        return false;
     }
-    RegistroTelas::abrir(QStringLiteral("RestauraDados"));
+    // With nobody logged in the store may be past opening: the screen stays open to
+    // whoever stands at the server, since the replaced store is always kept.
+    if (!sessao().UsuarioNome.isEmpty() && sessao().DireitoBackup != 1) {
+        RegistroTelas::abrir(QStringLiteral("Negado"));
+        return false;
+    }
+    return true;
+}
+
+void Reconecta::restaurar()
+{
+    if (manutencaoPermitida())
+        RegistroTelas::abrir(QStringLiteral("RestauraDados"));
 }
 
 void Reconecta::reparar()
 {
     // Refused before any file is touched.
-    if (!sessao().servidor()) {
-        Dialogos::mensagem(this, Acoes::mensagemSoServidor(Acoes::Origem::MenuLateral), Titulo, Dialogos::Icone::Aviso);
+    if (!manutencaoPermitida() || !reparoInstalado())
         return;
-    }
-    if (!reparoInstalado())
-        return;
-    Conexoes::fecharTodas();
     QString erro;
     if (!reparoInstalado()(&erro)) {
         Dialogos::mensagem(this,
             QStringLiteral("Não foi possivel fazer a reparar o Banco de dados no Servidor,\n"
                            "ele pode estar sendo usado por outro computador\n"
-                           "Feche o programa Toldex em todas as máquinas."),
+                           "Feche o programa Toldex em todas as máquinas.")
+                + (erro.isEmpty() ? QString() : QStringLiteral("\n\n") + erro),
             Titulo, Dialogos::Icone::Critico);
         return;
     }

@@ -5,6 +5,7 @@
 
 #include "data/ConfigBanco.h"
 
+class QCheckBox;
 class QComboBox;
 class QLineEdit;
 class QPushButton;
@@ -60,6 +61,7 @@ protected:
 
 private:
     void conectaOuCancela();
+    bool manutencaoPermitida();
     void restaurar();
     void reparar();
     void escolherEstacao();
@@ -81,6 +83,7 @@ private:
     QLineEdit* m_nomeBanco;
     QLineEdit* m_usuario;
     QLineEdit* m_senha;
+    QCheckBox* m_lembrar;
     QPushButton* m_botao[3];
     QTimer* m_timer;
     int m_contador = Ticks;
