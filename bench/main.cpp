@@ -13,6 +13,7 @@
 #include <QTextStream>
 
 #include "Carga.h"
+#include "Manutencao.h"
 #include "Medidor.h"
 #include "data/Banco.h"
 #include "data/Busca.h"
@@ -57,7 +58,10 @@ int main(int argc, char** argv)
     p.addOption({"pasta", "folder of the store", "dir", QDir::temp().filePath("toldex-bench")});
     p.addOption({"postgres", "use the PostgreSQL of TOLDEX_PG_HOST/TOLDEX_PG_PORT"});
     p.addOption({"sem-analyze", "do not gather the planner's statistics after filling"});
+    p.addOption({"manutencao", "only the backup, restore and repair of an SQLite store of this size", "MB"});
     p.process(app);
+    if (p.isSet("manutencao"))
+        return medeManutencao(p.value("pasta") + QStringLiteral("-manutencao"), p.value("manutencao").toInt());
     const int ordens = p.value("ordens").toInt();
     const int clientes = p.value("clientes").toInt();
     const int abertas = p.value("abertas").toInt();

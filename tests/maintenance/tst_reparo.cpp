@@ -57,6 +57,32 @@ private slots:
         AmbienteShell::fecharTelas();
     }
 
+    // From the reconnection screen the restore tests the backup right of whoever is logged
+    // in; with nobody logged in it stays open, since the replaced store is always kept.
+    void restauraTestaODireito_data()
+    {
+        QTest::addColumn<QString>("usuario");
+        QTest::addColumn<int>("direito");
+        QTest::addColumn<bool>("abre");
+        QTest::newRow("nobody logged in") << "" << 0 << true;
+        QTest::newRow("user without the right") << "ANA" << 0 << false;
+        QTest::newRow("user with the right") << "ANA" << 1 << true;
+    }
+    void restauraTestaODireito()
+    {
+        QFETCH(QString, usuario);
+        QFETCH(int, direito);
+        QFETCH(bool, abre);
+        AmbienteShell::registrarFalsa("Negado");
+        sessao().UsuarioNome = usuario;
+        sessao().DireitoBackup = direito;
+        QWidget* w = abrirSemContagem();
+        QTest::mouseClick(botao(w, 1), Qt::LeftButton);
+        QCOMPARE(RegistroTelas::aberta("RestauraDados") != nullptr, abre);
+        QCOMPARE(RegistroTelas::aberta("Negado") != nullptr, !abre);
+        sessao().UsuarioNome.clear();
+    }
+
     void reparaIndiceQuebrado()
     {
         quebraIndice();

@@ -7,10 +7,13 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QThread>
+#include <QTimer>
 #include <QUrl>
 
 #include "AmbienteShell.h"
 #include "data/Datas.h"
+#include "maintenance/Trabalho.h"
 #include "shell/BarraStatus.h"
 #include "shell/ImagemPrincipal.h"
 #include "shell/Principal.h"
@@ -337,6 +340,41 @@ private slots:
         dock->hide();
         acao(p, "MnuLateral")->trigger();
         QVERIFY(dock->isVisible());
+    }
+
+    // A backup half written is worse than none: the window stays until the job ends.
+    void naoFechaDuranteUmTrabalho()
+    {
+        Principal p;
+        p.show();
+        sessao().DataUltimoBackup = Datas::hoje();
+        Trabalho t;
+        bool fechou = true;
+        QTimer::singleShot(0, &p, [&] {
+            fechou = p.close();
+            t.cancelar();
+        });
+        t.executar([](Trabalho& tr) {
+            while (!tr.cancelado())
+                QThread::msleep(5);
+            return Resultado::cancelou();
+        });
+        QVERIFY(!fechou);
+        QVERIFY(Dialogos::Roteiro::contem("Aguarde o fim ou cancele-a antes de sair do programa."));
+        QVERIFY(!Dialogos::Roteiro::contem("Você quer sair"));
+    }
+
+    // The reminder at start is a question the user can act on.
+    void avisoDeBackupLevaAoBackup()
+    {
+        AmbienteShell::registrarFalsa(QStringLiteral("BackupDados"));
+        m_amb->sql("UPDATE Empresa SET DataBackup = ''");
+        sessao().EhServidor = QStringLiteral("True");
+        sessao().DireitoBackup = 1;
+        Dialogos::Roteiro::responderSim();
+        Principal p;
+        QTRY_VERIFY(RegistroTelas::aberta("BackupDados"));
+        RegistroTelas::fechar("BackupDados");
     }
 };
 
