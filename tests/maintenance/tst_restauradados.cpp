@@ -1,3 +1,4 @@
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QDateTime>
 #include <QDir>
@@ -156,6 +157,57 @@ private slots:
         QCOMPARE(ArquivosTeste::le(b->config().arquivoSqlite()), antes);
         QVERIFY(!QFileInfo::exists(Restauracao::arquivoRestaurando(b->pasta())));
         QCOMPARE(QDir(b->pasta()).entryList({"*antes-da-restauracao*"}, QDir::Files).size(), 0);
+    }
+
+    // A screen whose leave question was answered Cancel keeps its work, and the restore
+    // waits; another PostgreSQL connection to the store refuses it. Nothing changes.
+    void paraAntesDeTrocar_data()
+    {
+        QTest::addColumn<int>("motor");
+        QTest::addColumn<QString>("caso");
+        QTest::newRow("sqlite: a screen stays open") << int(Motor::SQLite) << "tela";
+        QTest::newRow("postgres: a screen stays open") << int(Motor::PostgreSQL) << "tela";
+        QTest::newRow("postgres: another station connected") << int(Motor::PostgreSQL) << "estacao";
+    }
+    void paraAntesDeTrocar()
+    {
+        QFETCH(QString, caso);
+        BANCO_DO_MOTOR(b);
+        Conexoes::configurar(b.config());
+        Dialogos::Roteiro::iniciar();
+        Dialogos::Roteiro::limpar();
+        cliente(b.banco(), 1, "ANTES");
+        const QString backup = backupDe(b);
+        cliente(b.banco(), 2, "DEPOIS");
+        struct Teimosa : QWidget {
+            void closeEvent(QCloseEvent* e) override { e->ignore(); }
+        };
+        if (!RegistroTelas::registrada("TelaTeimosa"))
+            RegistroTelas::registrar("TelaTeimosa", [] { return new Teimosa; });
+        QSqlDatabase estacao;
+        if (caso == "tela") {
+            RegistroTelas::abrir("TelaTeimosa");
+        } else {
+            estacao = QSqlDatabase::addDatabase("QPSQL", "outra_estacao");
+            estacao.setHostName(b.config().host);
+            estacao.setPort(b.config().porta);
+            estacao.setUserName(b.config().usuario);
+            estacao.setDatabaseName(b.config().nomeBanco);
+            QVERIFY(estacao.open());
+        }
+        auto* t = abrir();
+        iniciar(t, backup);
+        if (caso == "estacao")
+            QVERIFY2(Dialogos::Roteiro::contem(RestauraDados::textoOcupado()), qPrintable(Dialogos::Roteiro::ultimoTexto()));
+        QVERIFY(t->findChild<QLabel*>("Label1")->text() != QStringLiteral("Concluido"));
+        QCOMPARE(clientes(b.config()), (QStringList{"ANTES", "DEPOIS"}));
+        if (caso == "tela") {
+            QVERIFY(RegistroTelas::aberta("TelaTeimosa"));
+            delete RegistroTelas::aberta("TelaTeimosa");
+        }
+        estacao.close();
+        estacao = QSqlDatabase();
+        QSqlDatabase::removeDatabase("outra_estacao");
     }
 
     // The program killed mid-restore finds one whole store at the next start.
