@@ -44,14 +44,19 @@ void encher(const ConfigBanco& c, qint64 bytes, QTextStream& err)
 int medeManutencao(const QString& pasta, int megas)
 {
     QTextStream out(stdout), err(stderr);
-    QDir(pasta).removeRecursively();
-    QDir().mkpath(pasta);
     ConfigBanco c;
     c.pasta = pasta;
     c.criarSeNaoExistir = true;
-    Banco::abrir(c)->garantirEsquema();
-    err << "Preenchendo " << c.arquivoSqlite() << "...\n";
-    encher(c, qint64(megas) << 20, err);
+    // A store of the size asked, left by an earlier run, is used again.
+    if (QFileInfo(c.arquivoSqlite()).size() < (qint64(megas) << 20) * 9 / 10) {
+        QDir(pasta).removeRecursively();
+        QDir().mkpath(pasta);
+        Banco::abrir(c)->garantirEsquema();
+        err << "Preenchendo " << c.arquivoSqlite() << "...\n";
+        encher(c, qint64(megas) << 20, err);
+    }
+    for (const QString& resto : QDir(pasta).entryList({"Toldex.Backup*", "TOLDEX.db.antes*", "copia-simples.db", "cancelado"}))
+        QFile::remove(QDir(pasta).filePath(resto));
     const qint64 tamanho = QFileInfo(c.arquivoSqlite()).size();
 
     const QString copia = QDir(pasta).filePath("copia-simples.db");

@@ -39,17 +39,12 @@ Resultado fazerSqlite(const ConfigBanco& config, const QString& destino, Trabalh
     auto limpa = [&] { QFile::remove(parcial); };
     try {
         SqliteDireto origem(banco, SqliteDireto::Modo::Escrita);
-        int chamadas = 0;
-        origem.aoProgredir([&] {
-            if (t.cancelado())
-                return true;
-            if (++chamadas % 16 == 0)
-                t.informar(QFileInfo(parcial).size(), tamanho);
-            return false;
+        // Page by page inside one read transaction: the copy runs at the disk's pace, and
+        // what the stations save meanwhile goes on in the journal without restarting it.
+        origem.copiarPara(parcial, [&t](int feitas, int total) {
+            t.informar(feitas, total);
+            return !t.cancelado();
         });
-        // One read transaction over the whole store: what the stations write meanwhile
-        // goes on in the journal and never stops or restarts the copy.
-        origem.executar(QStringLiteral("VACUUM INTO ?"), {parcial});
     } catch (const ErroBanco& e) {
         limpa();
         if (t.cancelado())

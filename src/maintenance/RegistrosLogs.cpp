@@ -116,7 +116,7 @@ RegistrosLogs::RegistrosLogs(QWidget* pai) : QWidget(pai)
     auto* dica = new QLabel(QStringLiteral("Clique duas vezes sobre o registro para marcar ou desmarcar como excluído."), this);
     l->addWidget(dica);
     l->addLayout(botoes);
-    resize(900, 520);
+    setMinimumSize(880, 460);
 
     connect(m_combo2, &QComboBox::currentIndexChanged, this, &RegistrosLogs::mudarModo);
     connect(m_combo1, &QComboBox::currentIndexChanged, this, [this] { m_listaValida = false; });

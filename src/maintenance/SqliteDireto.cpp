@@ -96,6 +96,46 @@ QString SqliteDireto::texto(const QString& sql)
     return r.isEmpty() ? QString() : r.first();
 }
 
+void SqliteDireto::copiarPara(const QString& destino, const std::function<bool(int, int)>& passo)
+{
+    sqlite3* alvo = nullptr;
+    const QByteArray nome = QFile::encodeName(destino);
+    if (sqlite3_open_v2(nome.constData(), &alvo, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr)
+        != SQLITE_OK) {
+        const QString d = QStringLiteral("%1 (%2)").arg(QString::fromUtf8(alvo ? sqlite3_errmsg(alvo) : "out of memory"), destino);
+        sqlite3_close_v2(alvo);
+        throw ErroBanco(mensagemDeErro(d), d);
+    }
+    // The copy is synced whole at the end; a journal for a file nobody uses yet is waste.
+    sqlite3_exec(alvo, "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
+    executar(QStringLiteral("BEGIN"));
+    executar(QStringLiteral("SELECT COUNT(*) FROM sqlite_master"));
+    sqlite3_backup* b = sqlite3_backup_init(alvo, "main", m_db, "main");
+    int rc = b ? SQLITE_OK : sqlite3_errcode(alvo);
+    bool parou = false;
+    while (b) {
+        rc = sqlite3_backup_step(b, 2048);
+        if (rc != SQLITE_OK && rc != SQLITE_BUSY && rc != SQLITE_LOCKED)
+            break;
+        const int total = sqlite3_backup_pagecount(b);
+        if (!passo(total - sqlite3_backup_remaining(b), total)) {
+            parou = true;
+            break;
+        }
+    }
+    const QString erro = QString::fromUtf8(sqlite3_errmsg(alvo));
+    if (b)
+        sqlite3_backup_finish(b);
+    sqlite3_close_v2(alvo);
+    sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
+    if (parou)
+        throw ErroBanco(QStringLiteral("Cópia cancelada"), QStringLiteral("interrupted"));
+    if (rc != SQLITE_DONE) {
+        const QString d = QStringLiteral("%1 (%2)").arg(erro, destino);
+        throw ErroBanco(mensagemDeErro(d), d);
+    }
+}
+
 QString SqliteDireto::verificar(bool completo)
 {
     // The first ten problems are enough to tell a damaged file; the full list of a badly

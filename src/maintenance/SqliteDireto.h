@@ -25,6 +25,11 @@ public:
     // Called now and then while a statement runs; returning true stops it (SQLITE_INTERRUPT).
     void aoProgredir(std::function<bool()> verificar);
 
+    // Copies the store page by page into a new file `destino`, inside one read transaction:
+    // what other stations write meanwhile waits in their journal and never restarts the
+    // copy. `passo` hears pages done and total after each piece; returning false stops.
+    void copiarPara(const QString& destino, const std::function<bool(int feitas, int total)>& passo);
+
     // "ok", or the first problems the engine found.
     QString verificar(bool completo);
 

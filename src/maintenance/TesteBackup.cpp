@@ -59,6 +59,7 @@ TesteBackup::TesteBackup(QWidget* pai) : QWidget(pai)
     m_texto = new QLineEdit(this);
     m_texto->setObjectName(QStringLiteral("Text1"));
     m_texto->setReadOnly(true);
+    m_texto->setMinimumWidth(360);
     m_combo = new QComboBox(this);
     m_combo->setObjectName(QStringLiteral("Combo1"));
     for (const Lista& l : Listas)
@@ -85,7 +86,7 @@ TesteBackup::TesteBackup(QWidget* pai) : QWidget(pai)
     auto* l = new QVBoxLayout(this);
     l->addLayout(topo);
     l->addWidget(m_grade, 1);
-    resize(900, 500);
+    setMinimumSize(880, 460);
 
     connect(m_botao[0], &QPushButton::clicked, this, &TesteBackup::procurar);
     connect(m_botao[1], &QPushButton::clicked, this, &TesteBackup::listar);

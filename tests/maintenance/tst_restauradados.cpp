@@ -12,6 +12,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include "ApoioManutencao.h"
 #include "apoio/ArquivosTeste.h"
 #include "data/TravaUso.h"
 #include "maintenance/ArquivoBackup.h"
@@ -41,15 +42,7 @@ class TesteRestauraDados : public QObject {
     }
     QString backupDe(BancoTeste& b)
     {
-        const QString pasta = QDir(m_volume.path()).filePath("BackupToldex");
-        QDir().mkpath(pasta);
-        const QString destino = QDir(pasta).filePath(ArquivoBackup::nome(QDateTime::currentDateTime()));
-        Trabalho t;
-        const ConfigBanco c = b.config();
-        const Resultado r = t.executar([&](Trabalho& tr) { return CopiaSeguranca::fazer(c, destino, tr); });
-        if (!r.ok())
-            qWarning() << r.textoCompleto();
-        return destino;
+        return fazerBackup(b.config(), QDir(m_volume.path()).filePath("BackupToldex"));
     }
     static RestauraDados* abrir()
     {

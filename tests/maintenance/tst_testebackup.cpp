@@ -5,6 +5,7 @@
 #include <QTableView>
 #include <QTest>
 
+#include "ApoioManutencao.h"
 #include "apoio/ArquivosTeste.h"
 #include "maintenance/ArquivoBackup.h"
 #include "maintenance/CopiaSeguranca.h"
@@ -16,17 +17,7 @@ class TesteTesteBackup : public QObject {
     Q_OBJECT
     QTemporaryDir m_pasta;
 
-    QString backupDe(BancoTeste& b)
-    {
-        const QString destino = QDir(m_pasta.path()).filePath(ArquivoBackup::nome(QDateTime::currentDateTime()));
-        QFile::remove(destino);
-        Trabalho t;
-        const ConfigBanco c = b.config();
-        const Resultado r = t.executar([&](Trabalho& tr) { return CopiaSeguranca::fazer(c, destino, tr); });
-        if (!r.ok())
-            qWarning() << r.textoCompleto();
-        return destino;
-    }
+    QString backupDe(BancoTeste& b) { return fazerBackup(b.config(), m_pasta.path()); }
     static QWidget* abrirCom(const QString& arquivo)
     {
         QWidget* t = RegistroTelas::abrir("TesteBackup");
