@@ -28,7 +28,8 @@ class TesteBackupDados : public QObject {
 
     struct Cena {
         std::unique_ptr<BancoTeste> banco;
-        QTemporaryDir volume;
+        // A stick whose label has a quote, a blank and a percent sign.
+        QTemporaryDir volume{QDir::temp().filePath(QStringLiteral("PEN D'ÁGUA 100%-XXXXXX"))};
         BackupDados* tela = nullptr;
         QString pasta() const { return QDir(volume.path()).filePath("BackupToldex"); }
     };

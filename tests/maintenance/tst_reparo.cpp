@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "apoio/ArquivosTeste.h"
+#include "apoio/BancoTeste.h"
 #include "data/TravaUso.h"
 #include "maintenance/Reparo.h"
 #include "maintenance/SqliteDireto.h"
@@ -138,6 +139,22 @@ private slots:
         QTest::mouseClick(botao(w, 2), Qt::LeftButton);
         QVERIFY2(Dialogos::Roteiro::contem("Restaure o último backup"), qPrintable(Dialogos::Roteiro::ultimoTexto()));
         QVERIFY(botao(w, 2)->text() != QStringLiteral("Concluido"));
+    }
+
+    // PostgreSQL: the indexes are rebuilt and the statistics renewed inside the server.
+    void reparaNoPostgres()
+    {
+        BancoTeste b(Motor::PostgreSQL);
+        if (!b.pronto())
+            QSKIP(qPrintable(b.motivo()));
+        b->executar("INSERT INTO Cliente (CodCliente, NomeCliente) VALUES (1, 'JOSE')");
+        const ConfigBanco c = b.config();
+        b->fechar();
+        Trabalho t;
+        const Resultado r = t.executar([&](Trabalho& tr) { return Reparo::reparar(c, tr); });
+        QVERIFY2(r.ok(), qPrintable(r.textoCompleto()));
+        b->reabrir();
+        QCOMPARE(b->escalar("SELECT NomeCliente FROM Cliente WHERE CodCliente = 1").toString(), QStringLiteral("JOSE"));
     }
 };
 
