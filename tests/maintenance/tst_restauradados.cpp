@@ -99,6 +99,27 @@ private slots:
         }
     }
 
+    // A backup from an older version, without a column this one reads, is brought up to
+    // date as it comes back, and the shop's settings are read from it.
+    void backupAntigoEhAtualizado()
+    {
+        auto b = ambienteDeTela(Motor::SQLite);
+        cliente(b->banco(), 1, "ANTIGO");
+        b->banco().executar("UPDATE Empresa SET NomeEmpresa = 'OFICINA ANTIGA'");
+        const QString backup = backupDe(*b);
+        {
+            SqliteDireto velho(backup, SqliteDireto::Modo::Escrita);
+            velho.executar("ALTER TABLE Cliente DROP COLUMN Email");
+        }
+        auto* t = abrir();
+        b->banco().fechar();
+        iniciar(t, backup);
+        QCOMPARE(t->findChild<QLabel*>("Label1")->text(), QStringLiteral("Concluido"));
+        auto novo = Banco::abrir(b->config());
+        QCOMPARE(novo->escalar("SELECT COUNT(*) FROM pragma_table_info('Cliente') WHERE name = 'Email'").toInt(), 1);
+        QCOMPARE(novo->escalar("SELECT NomeCliente FROM Cliente").toString(), QStringLiteral("ANTIGO"));
+    }
+
     // A file that isn't our backup, or another station at work: a clear message, and the
     // store stays byte for byte as it was.
     void recusaSemTocarNoBanco_data()
