@@ -1,6 +1,8 @@
 #include "data/Conexoes.h"
 
+#include <QCoreApplication>
 #include <QList>
+#include <QThread>
 
 #include "data/Sessao.h"
 
@@ -109,5 +111,23 @@ void Conexoes::aoFalhar(std::function<void(const QString&)> tratador)
     estado().tratador = std::move(tratador);
 }
 
-void Conexoes::registrar(Banco* b) { estado().vivos.append(b); }
-void Conexoes::esquecer(Banco* b) { estado().vivos.removeAll(b); }
+namespace {
+// Maintenance opens short connections of its own on its worker thread; they are closed
+// by their owner and must not race with the interface thread's bookkeeping.
+bool doThreadPrincipal()
+{
+    return !QCoreApplication::instance() || QThread::currentThread() == QCoreApplication::instance()->thread();
+}
+} // namespace
+
+void Conexoes::registrar(Banco* b)
+{
+    if (doThreadPrincipal())
+        estado().vivos.append(b);
+}
+
+void Conexoes::esquecer(Banco* b)
+{
+    if (doThreadPrincipal())
+        estado().vivos.removeAll(b);
+}

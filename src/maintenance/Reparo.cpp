@@ -104,7 +104,7 @@ void instalar()
 }
 
 namespace {
-// The reconnection screen offers the repair as soon as this part is in the program.
+// The reconnection screen offers the repair whenever maintenance is in the program.
 const bool instalado = (instalar(), true);
 }
 
