@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QProgressBar>
 #include <QPushButton>
@@ -104,7 +105,8 @@ TelaManutencao::TelaManutencao(const QString& titulo, QWidget* pai) : QWidget(pa
 TelaManutencao::~TelaManutencao()
 {
     // The day's screens come back as after a login.
-    if (!sessao().UsuarioNome.isEmpty() && RegistroTelas::areaMdi()) {
+    // Not while the main window itself is going away.
+    if (!sessao().UsuarioNome.isEmpty() && RegistroTelas::areaMdi() && RegistroTelas::areaMdi()->isVisible()) {
         RegistroTelas::abrir(QStringLiteral("Pendencia"));
         RegistroTelas::abrir(QStringLiteral("BuscaRapida"));
     }
