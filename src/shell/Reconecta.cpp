@@ -238,14 +238,8 @@ void Reconecta::showEvent(QShowEvent* evento)
 
 void Reconecta::habilitarOutros(bool sim)
 {
-    const bool servidor = sessao().servidor();
-    const bool restaura = !servidor || RegistroTelas::registrada(QStringLiteral("RestauraDados"));
-    const bool repara = !servidor || static_cast<bool>(reparoInstalado());
-    m_botao[1]->setEnabled(sim && restaura);
-    m_botao[2]->setEnabled(sim && repara);
-    const QString falta = QStringLiteral("Ainda não disponível nesta versão: chegará com a manutenção do banco de dados.");
-    m_botao[1]->setToolTip(restaura ? QString() : falta);
-    m_botao[2]->setToolTip(repara ? QString() : falta);
+    m_botao[1]->setEnabled(sim);
+    m_botao[2]->setEnabled(sim && static_cast<bool>(reparoInstalado()));
 }
 
 void Reconecta::tique()

@@ -177,21 +177,11 @@ private slots:
         QVERIFY(!reparou);
     }
 
-    void servidorSemManutencao()
+    void reparoPeloBotao()
     {
-        if (RegistroTelas::registrada("RestauraDados"))
-            QSKIP("the restore screen is in this build");
-        QWidget* w = abrir();
-        cancelar(w);
-        for (int i : {1, 2}) {
-            QVERIFY(!botao(w, i)->isEnabled());
-            QVERIFY(!botao(w, i)->toolTip().isEmpty());
-        }
-        AmbienteShell::fecharTelas();
-
         bool reparou = false;
         Reconecta::definirReparo([&reparou](QString*) { return reparou = true; });
-        w = abrir();
+        QWidget* w = abrir();
         cancelar(w);
         QVERIFY(botao(w, 2)->isEnabled());
         QTest::mouseClick(botao(w, 2), Qt::LeftButton);
