@@ -39,3 +39,18 @@ class ErroConexao : public ErroBanco {
 public:
     using ErroBanco::ErroBanco;
 };
+
+// The row to be written is no longer as this station read it: another station changed or
+// deleted it in between. Nothing was written; the screen keeps what was typed.
+class RegistroAlterado : public ErroBanco {
+public:
+    explicit RegistroAlterado(bool excluido)
+        : ErroBanco(excluido ? QStringLiteral("Este registro foi excluído em outra estação.")
+                             : QStringLiteral("Este registro foi alterado em outra estação. Feche e abra o registro "
+                                              "novamente para ver a versão atual.")),
+          m_excluido(excluido) {}
+    bool excluido() const { return m_excluido; }
+
+private:
+    bool m_excluido;
+};
