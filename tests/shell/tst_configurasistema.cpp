@@ -126,6 +126,52 @@ private slots:
         QCOMPARE(w<QPushButton>(&tela, "Botao(1)")->text(), QString("Sa&ir"));
     }
 
+    void outraEstacaoNoMeioDaConfiguracao_data()
+    {
+        QTest::addColumn<QString>("contadorDigitado");  // empty: the counter box is left alone
+        QTest::addColumn<bool>("grava");
+        QTest::addColumn<int>("codOs");
+        QTest::newRow("another change keeps the counter and the new defect") << "" << true << 12;
+        QTest::newRow("a counter typed over one that moved is refused") << "20" << false << 12;
+    }
+    void outraEstacaoNoMeioDaConfiguracao()
+    {
+        QFETCH(QString, contadorDigitado);
+        QFETCH(bool, grava);
+        QFETCH(int, codOs);
+        amb->sql("UPDATE Empresa SET NomeEmpresa = 'X', CodOs = 10, AtivaOs = -1");
+        amb->sql("INSERT INTO DefeitoReclamado (CodDefeito, Defeito) VALUES ('1', 'NAO DESLIGA')");
+        ConfiguraSistema tela;
+        tela.show();
+        // Meanwhile the intake at another station saves two orders and a new defect.
+        auto outra = Banco::abrir(Conexoes::config());
+        outra->executar("UPDATE Empresa SET CodOs = 12");
+        outra->executar("INSERT INTO DefeitoReclamado (CodDefeito, Defeito) VALUES ('2', 'NAO LIGA')");
+        outra->executar("INSERT INTO SintomaOS (CodOsAut, DefeitoOS) VALUES (1, 'NAO LIGA')");
+        escreve(&tela, "Text1(0)", "ELETRO SILVA");
+        if (!contadorDigitado.isEmpty())
+            escreve(&tela, "TxtOS", contadorDigitado);
+        QCOMPARE(tela.salvar(), grava);
+        QCOMPARE(empresa("CodOs").toInt(), codOs);
+        QCOMPARE(empresa("NomeEmpresa").toString(), QString(grava ? "ELETRO SILVA" : "X"));
+        QCOMPARE(conta("DefeitoReclamado"), 2);
+        if (!grava) {
+            QVERIFY(Dialogos::Roteiro::contem("Este registro foi alterado em outra estação."));
+            QCOMPARE(w<QLineEdit>(&tela, "TxtOS")->text(), contadorDigitado);  // the typing stays
+        }
+    }
+
+    void contadorInteiroNaCaixa()
+    {
+        amb->sql("UPDATE Empresa SET CodOs = 123456789");
+        ConfiguraSistema tela;
+        tela.show();
+        QCOMPARE(w<QLineEdit>(&tela, "TxtOS")->text(), QString("123456789"));
+        escreve(&tela, "Text1(0)", "ELETRO SILVA");
+        QVERIFY(tela.salvar());
+        QCOMPARE(empresa("CodOs").toLongLong(), 123456789);
+    }
+
     void primeiraPartidaSemConexaoGravaOIni()
     {
         sessao().ConexaoOk = 0;
