@@ -125,6 +125,47 @@ private slots:
         QTest::mouseClick(tela.findChild<QPushButton*>("Botao(1)"), Qt::LeftButton);
         QCOMPARE(b->banco().escalar("SELECT NomeCliente FROM Cliente").toString(), QString("ZE"));
     }
+
+    void cliquesNegadosNaoSaoTentativas_data()
+    {
+        QTest::addColumn<QString>("escolhido");  // the name standing on the login, if any
+        QTest::addColumn<QString>("senha");
+        QTest::newRow("no name chosen") << "" << "";
+        QTest::newRow("a name with no password") << "BIA" << "";
+        QTest::newRow("a name with a wrong password") << "BIA" << "x";
+    }
+    void cliquesNegadosNaoSaoTentativas()
+    {
+        QFETCH(QString, escolhido);
+        QFETCH(QString, senha);
+        sessao().UsuarioNome = "CAIO";
+        sessao().DireitoClienteAl = 0;
+        CadastroGuardado tela;
+        tela.show();
+        QTest::mouseClick(tela.findChild<QPushButton*>("Botao(0)"), Qt::LeftButton);
+        tela.nome->setText("NOTA PELA METADE");
+        for (int i = 0; i < 4; ++i) {
+            QTest::mouseClick(tela.findChild<QPushButton*>("Botao(1)"), Qt::LeftButton);
+            auto* negado = qobject_cast<AvisoTransitorio*>(RegistroTelas::aberta("Negado"));
+            QVERIFY(negado);
+            QWidget* l = RegistroTelas::abrir("Login");
+            if (!escolhido.isEmpty()) {
+                auto* lista = l->findChild<QListWidget*>("ListaUs");
+                lista->setCurrentItem(lista->findItems(escolhido, Qt::MatchExactly).value(0));
+            }
+            l->findChild<QLineEdit*>("TSenha")->setText(senha);
+            Dialogos::Roteiro::responder(QVariant::fromValue(Dialogos::Resposta::Cancelar));
+            negado->expira();
+            QCoreApplication::processEvents();  // the press waits for the notice to go
+            QCOMPARE(Dialogos::Roteiro::pendentes(), escolhido.isEmpty() ? 0 : 1);
+            Dialogos::Roteiro::limpar();
+        }
+        QCOMPARE(encerrou, 0);
+        QCOMPARE(sessao().Tentativas, 0);
+        QCOMPARE(sessao().UsuarioNome, QString("CAIO"));
+        QCOMPARE(tela.nome->text(), QString("NOTA PELA METADE"));
+        QVERIFY(RegistroTelas::aberta("Login"));
+    }
 };
 
 QTEST_MAIN(TstLogin)
