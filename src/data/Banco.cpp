@@ -5,6 +5,7 @@
 #include <QSqlError>
 #include <QSqlRecord>
 
+#include "data/Atualizacoes.h"
 #include "data/BancoPostgres.h"
 #include "data/BancoSqlite.h"
 #include "data/Conexoes.h"
@@ -293,7 +294,18 @@ int Banco::garantirEsquema()
         tr.commit();
         ++passos;
     }
-    if (versao < Esquema::versaoAtual()) {
+    int alcancada = versao;
+    for (const Atualizacoes::Passo& p : Atualizacoes::passos()) {
+        if (p.versao <= alcancada)
+            continue;
+        Transacao tr(*this);
+        p.aplicar(*this);
+        executar(QStringLiteral("INSERT INTO VersaoEsquema (Versao) VALUES (?)"), {p.versao});
+        tr.commit();
+        alcancada = p.versao;
+        ++passos;
+    }
+    if (alcancada < Esquema::versaoAtual()) {
         Transacao tr(*this);
         executar(QStringLiteral("INSERT INTO VersaoEsquema (Versao) VALUES (?)"), {Esquema::versaoAtual()});
         tr.commit();
