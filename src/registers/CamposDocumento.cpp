@@ -70,8 +70,15 @@ bool checaSeDigitado(QLineEdit* campo)
 {
     if (!campo->isModified())
         return true;
-    campo->setModified(false);
-    return checaCnpjCpf(campo);
+    const QString digitado = campo->text();
+    if (checaCnpjCpf(campo)) {
+        campo->setModified(false);
+        return true;
+    }
+    // A refused save keeps what was typed, to be corrected, and checks it again next time.
+    campo->setText(digitado);
+    campo->setModified(true);
+    return false;
 }
 
 QString paraGravar(const QString& campo, QString (*mascara)(const QString&))
