@@ -109,5 +109,7 @@ void Conexoes::aoFalhar(std::function<void(const QString&)> tratador)
     estado().tratador = std::move(tratador);
 }
 
+void Conexoes::avisarFalha(const QString& mensagem) { falhou(mensagem, nullptr); }
+
 void Conexoes::registrar(Banco* b) { estado().vivos.append(b); }
 void Conexoes::esquecer(Banco* b) { estado().vivos.removeAll(b); }

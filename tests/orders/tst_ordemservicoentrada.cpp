@@ -570,6 +570,52 @@ private slots:
         QCOMPARE(caixa->text(), comissao);
     }
 
+    void servidorReiniciadoEntreGravacoes_data()
+    {
+        QTest::addColumn<bool>("parado");  // the server stays down for one save
+        QTest::newRow("restarted between two saves") << false;
+        QTest::newRow("down during a save, back for the next") << true;
+    }
+    void servidorReiniciadoEntreGravacoes()
+    {
+        QFETCH(bool, parado);
+        if (!BancoTeste::postgresDisponivel())
+            QSKIP("PostgreSQL de teste não configurado");
+        b = std::make_unique<BancoTeste>(Motor::PostgreSQL);
+        QVERIFY2(b->pronto(), qPrintable(b->motivo()));
+        Conexoes::configurar(b->config());
+        int falhas = 0;
+        Conexoes::aoFalhar([&falhas](const QString&) { ++falhas; });
+        ConfigBanco c = b->config();
+        c.nomeBanco = "postgres";
+        auto admin = Banco::abrir(c);
+        // What a restart does to every connection open on the store.
+        auto derruba = [&](bool aceita) {
+            admin->executar(QString("ALTER DATABASE %1 ALLOW_CONNECTIONS %2")
+                                .arg(b->config().nomeBanco, aceita ? "true" : "false"));
+            admin->executar("SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
+                            "WHERE datname = ? AND pid <> pg_backend_pid()", {b->config().nomeBanco});
+        };
+        abre();
+        novaOrdem("ANA");
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        derruba(!parado);
+        novaOrdem("BIA");
+        if (parado) {
+            QTest::mouseClick(botao(1), Qt::LeftButton);
+            QVERIFY(Dialogos::Roteiro::contem("Houve uma perda na comunicação ao banco de dados."));
+            QVERIFY(falhas >= 1);  // the notice that leads to the reconnection screen
+            QCOMPARE(texto(3)->text(), QString("BIA"));
+            admin->executar(QString("ALTER DATABASE %1 ALLOW_CONNECTIONS true").arg(b->config().nomeBanco));
+            Dialogos::Roteiro::limpar();
+        }
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QVERIFY2(!Dialogos::Roteiro::contem("Erro"), qPrintable(Dialogos::Roteiro::ultimoTexto()));
+        QCOMPARE(escalar("SELECT COUNT(*) FROM OrdemServico WHERE NomeCliente = 'BIA'").toInt(), 1);
+        QCOMPARE(contar("OrdemServico"), 2);
+        Conexoes::aoFalhar({});
+    }
+
     void visitaPedidaComProximoCodigo()
     {
         b->banco().executar("INSERT INTO VisitaTecnico (CodManu, NomeCliente) VALUES (41, 'X')");

@@ -245,6 +245,7 @@ private slots:
         b = ambienteDeTela(static_cast<Motor>(motor));
         if (!b->pronto())
             QSKIP(qPrintable(b->motivo()));
+        sessao().DireitoClienteAl = 1;
         cliente(1, "JOAO");
         abre();
         QCOMPARE(tela->nome->text(), QString("JOAO"));
@@ -270,6 +271,25 @@ private slots:
             QCOMPARE(coluna("Numero", 1).toString(), QString("45"));
             QCOMPARE(coluna("BloqCliente", 1).toInt(), -1);
         }
+    }
+
+    void caractereNuloRecusado_data() { linhasMotores(); }
+    void caractereNuloRecusado()
+    {
+        QFETCH(int, motor);
+        b.reset();
+        b = ambienteDeTela(static_cast<Motor>(motor));
+        if (!b->pronto())
+            QSKIP(qPrintable(b->motivo()));
+        sessao().DireitoClienteAl = 1;
+        abre();
+        QTest::mouseClick(botao(0), Qt::LeftButton);
+        const QString comNulo = QString("ZE") + QChar(0) + QString("CA");
+        tela->nome->setText(comNulo);
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QVERIFY2(Dialogos::Roteiro::contem("caractere nulo"), qPrintable(Dialogos::Roteiro::ultimoTexto()));
+        QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM Cliente").toInt(), 0);
+        QCOMPARE(tela->nome->text(), comNulo);
     }
 
     void senhaNoUsoPressionaDeNovo()
