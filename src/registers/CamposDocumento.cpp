@@ -62,7 +62,10 @@ void preparaCnpjCpf(QLineEdit* campo)
 void mostraCnpjCpf(QLineEdit* campo, const QString& valor)
 {
     campo->setMaxLength(TamanhoLivre);
-    campo->setText(valor.isEmpty() ? QString() : MascaraCnpjCpf(valor));
+    // Only a whole CPF or CNPJ takes its mask: an odd number kept from long ago shows as
+    // it stands, so saving the record again never pads it with zeros.
+    const bool documento = valor.size() == 11 || valor.size() == 14;
+    campo->setText(valor.isEmpty() ? QString() : documento ? MascaraCnpjCpf(valor) : valor);
     campo->setModified(false);
 }
 
