@@ -157,6 +157,7 @@ QList<Linha> leCatalogo(Banco& banco, const Catalogo& c)
                 break;
             }
         }
+        l.lidos = l.valores;
         r << l;
     }
     return r;
