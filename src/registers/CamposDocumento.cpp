@@ -62,9 +62,9 @@ void preparaCnpjCpf(QLineEdit* campo)
 void mostraCnpjCpf(QLineEdit* campo, const QString& valor)
 {
     campo->setMaxLength(TamanhoLivre);
-    // Only a whole CPF or CNPJ takes its mask: an odd number kept from long ago shows as
-    // it stands, so saving the record again never pads it with zeros.
-    const bool documento = valor.size() == 11 || valor.size() == 14;
+    // A number short of a CNPJ (but a CPF) shows as it stands: the mask would pad it with
+    // zeros, and saving the record again would store them.
+    const bool documento = valor.size() == 11 || valor.size() >= 14;
     campo->setText(valor.isEmpty() ? QString() : documento ? MascaraCnpjCpf(valor) : valor);
     campo->setModified(false);
 }
