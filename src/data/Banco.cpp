@@ -5,6 +5,7 @@
 #include <QSqlError>
 #include <QSqlRecord>
 
+#include "data/Atualizacoes.h"
 #include "data/BancoPostgres.h"
 #include "data/BancoSqlite.h"
 #include "data/Conexoes.h"
@@ -31,7 +32,8 @@ QString mensagemDeErro(const QString& d)
         return QStringLiteral("O banco de dados está em uso por outra estação; tente novamente em instantes.");
     if (t.contains(QLatin1String("disk i/o")) || t.contains(QLatin1String("unable to open")))
         return QStringLiteral("Houve uma perda na comunicação ao banco de dados.");
-    if (t.contains(QLatin1String("connection")) || t.contains(QLatin1String("server closed")))
+    if (t.contains(QLatin1String("connection")) || t.contains(QLatin1String("server closed"))
+        || t.contains(QLatin1String("database not open")))
         return QStringLiteral("Houve uma perda na comunicação ao banco de dados.");
     if (t.contains(QLatin1String("not a database")) || t.contains(QLatin1String("malformed")))
         return QStringLiteral("O arquivo do banco de dados está danificado ou não é um banco de dados do Toldex.");
@@ -80,6 +82,7 @@ void Banco::abrirConexao()
         m_db.close();
         throw ErroConexao(e.mensagem(), e.detalhe());
     }
+    m_fechada = false;
 }
 
 ErroConexao Banco::traduzErroAbertura(const QString& detalhe) const
@@ -92,6 +95,7 @@ void Banco::fechar()
     if (m_db.isValid() && m_db.isOpen())
         m_db.close();
     m_profundidade = 0;
+    m_fechada = true;
 }
 
 void Banco::reabrir()
@@ -102,30 +106,83 @@ void Banco::reabrir()
     abrirConexao();
 }
 
-QSqlQuery Banco::executar(const QString& sql, const QVariantList& valores)
+bool Banco::rodar(QSqlQuery& q, const QString& sql, const QVariantList& valores, QString* detalhe)
 {
-    QSqlQuery q(m_db);
+    q = QSqlQuery(m_db);
     q.setForwardOnly(true);
+    bool ok;
     if (valores.isEmpty()) {
         // Statements without values (DDL, SET, BEGIN) run as they are: some engines can't
         // prepare them.
-        if (!q.exec(sql)) {
-            const QString d = q.lastError().text();
-            throw ErroBanco(mensagemDeErro(d), d);
+        ok = q.exec(sql);
+    } else {
+        ok = q.prepare(sql);
+        if (ok) {
+            for (int i = 0; i < valores.size(); ++i)
+                q.bindValue(i, valores.at(i));
+            ok = q.exec();
         }
+    }
+    if (!ok)
+        *detalhe = q.lastError().text();
+    return ok;
+}
+
+bool Banco::conexaoPerdida(const QString& detalhe) const
+{
+    if (m_fechada)
+        return false;
+    if (!m_db.isOpen())
+        return true;
+    const QString t = detalhe.toLower();
+    for (const char* sinal : {"server closed the connection", "no connection to the server", "terminating connection",
+                              "could not receive data", "could not send data", "connection to server",
+                              "database not open"})
+        if (t.contains(QLatin1String(sinal)))
+            return true;
+    return false;
+}
+
+void Banco::reconectar(const QString& detalhe)
+{
+    const int profundidade = m_profundidade;
+    try {
+        reabrir();
+    } catch (const ErroConexao& e) {
+        m_profundidade = profundidade;
+        m_fechada = false;  // lost, not closed: the next statement tries again
+        Conexoes::avisarFalha(e.textoCompleto());
+        throw ConexaoPerdida(QStringLiteral("Houve uma perda na comunicação ao banco de dados."),
+                             detalhe + QLatin1Char('\n') + e.textoCompleto());
+    }
+    m_profundidade = profundidade;
+}
+
+QSqlQuery Banco::executar(const QString& sql, const QVariantList& valores)
+{
+    for (const QVariant& v : valores)
+        if (v.typeId() == QMetaType::QString && v.toString().contains(QChar(0)))
+            // The engines either refuse it or cut the text there: told, never stored.
+            throw ErroBanco(QStringLiteral("Um campo contém um caractere nulo (invisível), que não pode ser gravado. "
+                                           "Apague-o e grave novamente."));
+    // A connection that a loss left closed is opened again before a transaction begins.
+    if (!m_db.isOpen() && !m_fechada && m_profundidade == 0)
+        reconectar(QString());
+    QSqlQuery q;
+    QString d;
+    if (rodar(q, sql, valores, &d))
         return q;
-    }
-    if (!q.prepare(sql)) {
-        const QString d = q.lastError().text();
+    if (!conexaoPerdida(d))
         throw ErroBanco(mensagemDeErro(d), d);
-    }
-    for (int i = 0; i < valores.size(); ++i)
-        q.bindValue(i, valores.at(i));
-    if (!q.exec()) {
-        const QString d = q.lastError().text();
-        throw ErroBanco(mensagemDeErro(d), d);
-    }
-    return q;
+    // The server went away. Nothing of an open transaction survived it; outside one, a
+    // statement that writes nothing (the BEGIN of the next save, a read) is run again on
+    // the new connection, and one that writes is told, never repeated blindly.
+    reconectar(d);
+    const QString inicio = sql.trimmed().left(6).toUpper();
+    const bool semEscrita = inicio == QLatin1String("BEGIN") || inicio == QLatin1String("SELECT");
+    if (m_profundidade == 0 && semEscrita && rodar(q, sql, valores, &d))
+        return q;
+    throw ConexaoPerdida(QStringLiteral("Houve uma perda na comunicação ao banco de dados."), d);
 }
 
 QVariant Banco::escalar(const QString& sql, const QVariantList& valores)
@@ -293,7 +350,18 @@ int Banco::garantirEsquema()
         tr.commit();
         ++passos;
     }
-    if (versao < Esquema::versaoAtual()) {
+    int alcancada = versao;
+    for (const Atualizacoes::Passo& p : Atualizacoes::passos()) {
+        if (p.versao <= alcancada)
+            continue;
+        Transacao tr(*this);
+        p.aplicar(*this);
+        executar(QStringLiteral("INSERT INTO VersaoEsquema (Versao) VALUES (?)"), {p.versao});
+        tr.commit();
+        alcancada = p.versao;
+        ++passos;
+    }
+    if (alcancada < Esquema::versaoAtual()) {
         Transacao tr(*this);
         executar(QStringLiteral("INSERT INTO VersaoEsquema (Versao) VALUES (?)"), {Esquema::versaoAtual()});
         tr.commit();

@@ -71,6 +71,13 @@ protected:
     virtual ErroConexao traduzErroAbertura(const QString& detalhe) const;
 
     void abrirConexao();
+    // A statement failed because the server went away (restarted, the network dropped).
+    bool conexaoPerdida(const QString& detalhe) const;
+    // Opens the connection again after a loss, keeping the transaction count of the guard
+    // objects still standing; a failure goes to the reconnection screen and throws.
+    void reconectar(const QString& detalhe);
+    // Runs the statement once; false with the engine's text on failure.
+    bool rodar(QSqlQuery& q, const QString& sql, const QVariantList& valores, QString* detalhe);
     void criarTabela(const DefTabela& t);
     void criarIndices(const DefTabela& t);
     void completarColunas(const DefTabela& t);
@@ -79,6 +86,7 @@ protected:
     QSqlDatabase m_db;
     QString m_nomeConexao;
     int m_profundidade = 0;
+    bool m_fechada = false;  // closed on purpose (a restore): never reopened behind its back
 };
 
 // Turns an engine error text into the message a shop's staff can act on.

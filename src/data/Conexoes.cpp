@@ -27,7 +27,10 @@ void falhou(const QString& mensagem, QString* erro)
     sessao().ConexaoOk = 0;
     if (erro)
         *erro = mensagem;
-    if (estado().tratador)
+    // The handler opens screens: a worker thread's failure is told by its own job instead.
+    const bool principal = !QCoreApplication::instance()
+        || QThread::currentThread() == QCoreApplication::instance()->thread();
+    if (estado().tratador && principal)
         estado().tratador(mensagem);
 }
 
@@ -131,3 +134,5 @@ void Conexoes::esquecer(Banco* b)
     if (doThreadPrincipal())
         estado().vivos.removeAll(b);
 }
+
+void Conexoes::avisarFalha(const QString& mensagem) { falhou(mensagem, nullptr); }

@@ -29,6 +29,8 @@ public:
 
     // Called with the message whenever an open fails (ConexaoOk becomes 0 there).
     static void aoFalhar(std::function<void(const QString&)> tratador);
+    // A connection that could not be opened again after it was lost: the same path.
+    static void avisarFalha(const QString& mensagem);
 
     // Bookkeeping of every live connection (Banco registers itself).
     static void registrar(Banco* b);

@@ -39,3 +39,26 @@ class ErroConexao : public ErroBanco {
 public:
     using ErroBanco::ErroBanco;
 };
+
+// The connection to the server was lost in the middle of a statement. It has been
+// reopened (or the reconnection screen called): what the statement was part of was not
+// stored, and the same save can simply be made again.
+class ConexaoPerdida : public ErroBanco {
+public:
+    using ErroBanco::ErroBanco;
+};
+
+// The row to be written is no longer as this station read it: another station changed or
+// deleted it in between. Nothing was written; the screen keeps what was typed.
+class RegistroAlterado : public ErroBanco {
+public:
+    explicit RegistroAlterado(bool excluido)
+        : ErroBanco(excluido ? QStringLiteral("Este registro foi excluído em outra estação.")
+                             : QStringLiteral("Este registro foi alterado em outra estação. Feche e abra o registro "
+                                              "novamente para ver a versão atual.")),
+          m_excluido(excluido) {}
+    bool excluido() const { return m_excluido; }
+
+private:
+    bool m_excluido;
+};

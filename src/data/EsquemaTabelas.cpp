@@ -3,6 +3,7 @@
 //         Q quantity, Dt date, H time, A auto-number (the primary key)
 //   marcas P searched by its beginning, M searched in its middle, X plain index,
 //          U unique index
+#include "data/Atualizacoes.h"
 #include "data/Esquema.h"
 
 namespace {
@@ -178,6 +179,6 @@ const QList<DefTabela>& tabelas()
     return t;
 }
 
-int versaoAtual() { return 1; }
+int versaoAtual() { return Atualizacoes::ultimaVersao(); }
 
 }

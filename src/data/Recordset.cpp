@@ -205,10 +205,24 @@ void Recordset::update()
         QStringList sets;
         for (const QString& c : colunas)
             sets << c + QStringLiteral(" = ?");
-        const qint64 chave = m_linhas.at(m_pos).value(indice(m_tabela->chave)).toLongLong();
+        const QSqlRecord& lida = m_linhas.at(m_pos);
+        const qint64 chave = lida.value(indice(m_tabela->chave)).toLongLong();
         valores << chave;
-        m_banco.executar(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?")
-                             .arg(m_tabela->nome, sets.join(QStringLiteral(", ")), m_tabela->chave), valores);
+        // Optimistic check: the row is written only while every column still holds what
+        // was read, so a change made at another station in between is never undone.
+        QStringList condicoes{m_tabela->chave + QStringLiteral(" = ?")};
+        for (int i = 0; i < lida.count(); ++i) {
+            const DefColuna* c = m_tabela->coluna(lida.fieldName(i));
+            if (!c || c->nome.compare(m_tabela->chave, Qt::CaseInsensitive) == 0)
+                continue;  // folded copies follow their column
+            condicoes << c->nome + QStringLiteral(" IS NOT DISTINCT FROM ?");
+            valores << lida.value(i);
+        }
+        QSqlQuery alterou = m_banco.executar(QStringLiteral("UPDATE %1 SET %2 WHERE %3")
+                                                 .arg(m_tabela->nome, sets.join(QStringLiteral(", ")),
+                                                      condicoes.join(QStringLiteral(" AND "))), valores);
+        if (alterou.numRowsAffected() != 1)
+            throw RegistroAlterado(!existe(chave));
         QSqlQuery q = m_banco.executar(QStringLiteral("SELECT * FROM %1 WHERE %2 = ?").arg(m_tabela->nome, m_tabela->chave),
                                        {chave});
         if (q.next())
@@ -230,7 +244,15 @@ void Recordset::deleteAtual()
         throw ErroBanco(QStringLiteral("Consulta somente para leitura."));
     exigeLinha();
     const qint64 chave = chaveAtual();
-    m_banco.executar(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(m_tabela->nome, m_tabela->chave), {chave});
+    QSqlQuery q = m_banco.executar(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(m_tabela->nome, m_tabela->chave), {chave});
+    if (q.numRowsAffected() != 1)
+        throw RegistroAlterado(true);
     m_linhas.removeAt(m_pos);
     m_alterados.clear();
+}
+
+bool Recordset::existe(qint64 chave)
+{
+    return !m_banco.escalar(QStringLiteral("SELECT 1 FROM %1 WHERE %2 = ?").arg(m_tabela->nome, m_tabela->chave),
+                            {chave}).isNull();
 }

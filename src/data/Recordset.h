@@ -60,7 +60,9 @@ public:
     void definirFlag(const QString& nome, bool v) { definir(nome, v ? -1 : 0); }
     void definir(const QString& nome, Dinheiro d) { definir(nome, QVariant::fromValue(d.centavos())); }
     void definir(const QString& nome, Quantidade q) { definir(nome, QVariant::fromValue(q.milesimos())); }
-    void update();                 // writes the row; an auto-number is known after it
+    // Writes the row; an auto-number is known after it. A row changed or deleted at another
+    // station since it was read throws RegistroAlterado and writes nothing.
+    void update();
     void cancelUpdate();
     bool editando() const { return m_novo || !m_alterados.isEmpty(); }
     void deleteAtual();            // removes the current row for good
@@ -72,6 +74,7 @@ private:
     int indice(const QString& nome) const;
     void carregar();
     void exigeLinha() const;
+    bool existe(qint64 chave);
 
     Banco& m_banco;
     const DefTabela* m_tabela = nullptr;

@@ -5,6 +5,7 @@
 
 #include "data/Banco.h"
 #include "data/Datas.h"
+#include "data/Funcoes.h"
 #include "data/Recordset.h"
 #include "data/Sessao.h"
 #include "documents/ConfigImpressao.h"
@@ -72,7 +73,8 @@ void ImprimeFicha::lerEmpresa()
     const QString doc = e.texto(QStringLiteral("CpfCnpj"));
     // An empty CPF/CNPJ is the store's form of a Null one: no tax line.
     if (!doc.isEmpty()) {
-        if (doc.size() == 11)
+        // The number of digits tells a CPF, whether the store keeps it masked or not.
+        if (SoDigitos(doc).size() == 11)
             imposto = QStringLiteral("C.P.F: ") + formatarMascara(doc, QStringLiteral("000-000-000/00"));
         else
             imposto = QStringLiteral("C.N.P.J: ") + formatarMascara(doc, QStringLiteral("00-000-000-0000/00"));

@@ -34,9 +34,9 @@ bool pedeNumeroFabrica(const Ordem& o)
     return o.nova() && o.Fabrica && ativa(sessao().CfgAtivaOsFabrica);
 }
 
-bool perguntarCopiaFabrica(Banco& banco, const Pergunta& perguntar)
+bool perguntarCopiaFabrica(Banco& banco, const Ordem& o, const Pergunta& perguntar)
 {
-    return perguntar && perguntar(tituloPerguntaFabrica(), textoPerguntaFabrica(proximoFabrica(banco)));
+    return perguntar && perguntar(tituloPerguntaFabrica(), textoPerguntaFabrica(proximoFabrica(banco, o)));
 }
 
 void numerar(Banco& banco, Ordem& o, bool copiarFabrica)
@@ -50,8 +50,11 @@ void numerar(Banco& banco, Ordem& o, bool copiarFabrica)
         o.CodOs = Numeracao::proximoCodigo(banco, QStringLiteral("OrdemServico"), QStringLiteral("CodOs"));
 
     if (pedeNumeroFabrica(o)) {
+        // A warranty return already has its factory number: the repair it claims on.
         qint64 anteriorFabrica = 0;
-        const qint64 fabrica = tomarContador(banco, QStringLiteral("CodOsfabrica"), &anteriorFabrica);
+        const qint64 fabrica = o.fabricaDoRetorno.isEmpty()
+            ? tomarContador(banco, QStringLiteral("CodOsfabrica"), &anteriorFabrica)
+            : o.fabricaDoRetorno.toLongLong();
         o.CodFabrica = QString::number(fabrica);
         if (copiarFabrica) {
             if (ativa(s.CfgAtivaOs))
@@ -65,8 +68,10 @@ void numerar(Banco& banco, Ordem& o, bool copiarFabrica)
     Numeracao::registrarEmitido(banco, QStringLiteral("OrdemServico"), QStringLiteral("CodOs"), o.CodOs);
 }
 
-qint64 proximoFabrica(Banco& banco)
+qint64 proximoFabrica(Banco& banco, const Ordem& o)
 {
+    if (!o.fabricaDoRetorno.isEmpty())
+        return o.fabricaDoRetorno.toLongLong();
     const QVariant v = banco.escalar(QStringLiteral("SELECT CodOsfabrica FROM Empresa WHERE %1").arg(linhaEmpresa));
     return Numeracao::proximoDe(v.isNull() ? QString() : v.toString());
 }

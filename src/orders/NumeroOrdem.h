@@ -21,7 +21,7 @@ bool pedeNumeroFabrica(const Ordem& o);
 // Asks "Quer copiar o numero da -OS- de fábrica ..." with the number that the save is
 // about to take. It is asked before the save's transaction opens, so that no station
 // waits on an open question; the save then takes whatever number is next.
-bool perguntarCopiaFabrica(Banco& banco, const Pergunta& perguntar);
+bool perguntarCopiaFabrica(Banco& banco, const Ordem& o, const Pergunta& perguntar);
 
 // Numbers a new order: from the last order (CfgAtivaOs off) or from Empresa.CodOs (on);
 // when pedeNumeroFabrica(), also CodFabrica from Empresa.CodOsfabrica, and with
@@ -29,8 +29,9 @@ bool perguntarCopiaFabrica(Banco& banco, const Pergunta& perguntar);
 // back the number it had given. Needs an open Transacao.
 void numerar(Banco& banco, Ordem& o, bool copiarFabrica);
 
-// The factory number that numerar() will take; nothing is taken.
-qint64 proximoFabrica(Banco& banco);
+// The factory number that numerar() will give `o`: the old number of a warranty return,
+// else the counter's next; nothing is taken.
+qint64 proximoFabrica(Banco& banco, const Ordem& o);
 QString textoPerguntaFabrica(qint64 numero);
 QString tituloPerguntaFabrica();
 

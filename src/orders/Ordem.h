@@ -66,6 +66,10 @@ struct Ordem {
     QList<ServicoOrdem> servicos;
     QList<PecaAplicada> pecas;
 
+    // A warranty return: the old order's number, which the numbering puts in CodFabrica
+    // instead of taking one from the factory counter. Never stored.
+    QString fabricaDoRetorno;
+
     bool nova() const { return CodOsAut == 0; }
     // The defects are keyed by CodDef: the same defect can't stand twice on an order.
     bool adicionarSintoma(const SintomaOrdem& s);

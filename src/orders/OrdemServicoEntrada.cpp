@@ -30,6 +30,7 @@
 #include "orders/NumeroOrdem.h"
 #include "orders/TransicoesOrdem.h"
 #include "orders/TravaOrdem.h"
+#include "registers/CamposDocumento.h"
 #include "registers/PesquisaCliente.h"
 #include "shell/Avisos.h"
 #include "ui/AcoesSenha.h"
@@ -210,8 +211,8 @@ void OrdemServicoEntrada::mostra(const Ordem& o)
     m_fabrica->setChecked(o.Fabrica);
     poe(m_codFabrica, o.CodFabrica);
     m_codFabrica->setEnabled(o.Fabrica && m_fabrica->isEnabled());
-    poe(m_cpf, o.CpfCnpj);
-    m_cpfChecado = o.CpfCnpj;
+    poe(m_cpf, MascaraCnpjCpf(o.CpfCnpj));
+    m_cpfChecado = Campos::texto(m_cpf);
     poe(m_nome, o.NomeCliente);
     poe(m_endereco, o.Endereco);
     poe(m_ncasa, o.Ncasa);
@@ -265,8 +266,8 @@ void OrdemServicoEntrada::poeCliente(const EntradaRegras::ClienteBalcao& c)
     Campos::poeTexto(m_telefone, c.Telefone);
     Campos::poeTexto(m_celular, c.Celular);
     if (!c.CnpjCpf.isEmpty()) {
-        Campos::poeTexto(m_cpf, c.CnpjCpf);
-        m_cpfChecado = c.CnpjCpf;
+        Campos::poeTexto(m_cpf, MascaraCnpjCpf(c.CnpjCpf));
+        m_cpfChecado = Campos::texto(m_cpf);
     }
     m_tipo->blockSignals(antes);
     m_clienteNovo = false;
@@ -309,6 +310,14 @@ void OrdemServicoEntrada::novoComCliente(const QVariantMap& dados)
     c.Cidade = v("Cidade");
     c.Telefone = v("Telefone");
     c.Celular = v("Celular");
+    // Whoever hands the customer over, the store tells whether he is blocked: the same
+    // notice as for one found by his document.
+    try {
+        if (const auto guardado = EntradaRegras::clientePorCodigo(*banco(), c.CodCliente))
+            c.BloqCliente = guardado->BloqCliente;
+    } catch (const ErroBanco& e) {
+        Dialogos::erro(this, QStringLiteral("Erro ao carregar formulário,"), e.textoCompleto());
+    }
     poeCliente(c);
 }
 
@@ -332,6 +341,8 @@ void OrdemServicoEntrada::preparaRetornoGarantia(const Ordem& copia)
 void OrdemServicoEntrada::botaoIncluir()
 {
     if (botao(0)->text() == Cancelar) {
+        // Cancelling ends a warranty return: the next new order is an ordinary one.
+        m_retornoGarantia = false;
         incluirOuCancelar();
         travaDatas(true);
         return;
@@ -487,6 +498,14 @@ Ordem OrdemServicoEntrada::ordemDosCampos(bool* ok)
         *ok = false;
         return o;
     }
+    // A commission that isn't an amount is told, never stored as 0,00.
+    const auto comissao = Dinheiro::lerTexto(t(m_valorPorcentagem));
+    if (!comissao) {
+        Dialogos::mensagem(this, QStringLiteral("Valor inválido: digite como 1.234,56"), {}, Dialogos::Icone::Aviso);
+        m_valorPorcentagem->setFocus();
+        *ok = false;
+        return o;
+    }
     if (!o.nova()) {
         QString erroNumero;
         if (auto n = NumeroOrdem::lerNumero(t(m_codOs), &erroNumero))
@@ -494,7 +513,7 @@ Ordem OrdemServicoEntrada::ordemDosCampos(bool* ok)
     }
     o.Fabrica = m_fabrica->isChecked();
     o.CodFabrica = t(m_codFabrica);
-    o.CpfCnpj = t(m_cpf);
+    o.CpfCnpj = CamposDocumento::paraGravar(t(m_cpf), MascaraCnpjCpf);
     o.NomeCliente = t(m_nome);
     o.Endereco = t(m_endereco);
     o.Ncasa = t(m_ncasa);
@@ -504,7 +523,7 @@ Ordem OrdemServicoEntrada::ordemDosCampos(bool* ok)
     o.Celular = t(m_celular);
     o.CodCliente = t(m_codCliente);
     o.Tipo = textoCombo(m_tipo, PromptTipo);
-    o.ValorPorcentagem = Dinheiro::lerTexto(t(m_valorPorcentagem)).value_or(Dinheiro());
+    o.ValorPorcentagem = *comissao;
     o.TipoPorcentagem = m_opPorcento->isChecked();
     o.Marca = textoCombo(m_marca, PromptMarca);
     o.Modelo = t(m_modelo);
@@ -564,11 +583,14 @@ bool OrdemServicoEntrada::salvarOrdem()
         // station waits on a question left open on this one.
         bool copiar = false;
         // A warranty return keeps the old order's number in the factory box: it is what
-        // ties the return to the repair it claims on.
-        const QString fabricaAntiga = m_retornoGarantia ? o.CodFabrica : QString();
-        if (o.nova() && !m_retornoGarantia && NumeroOrdem::pedeNumeroFabrica(o))
+        // ties the return to the repair it claims on, and no factory number is spent.
+        if (m_retornoGarantia && o.nova()) {
+            o.Fabrica = true;
+            o.fabricaDoRetorno = o.CodFabrica;
+        }
+        if (NumeroOrdem::pedeNumeroFabrica(o))
             copiar = NumeroOrdem::perguntarCopiaFabrica(
-                b, [this](const QString& titulo, const QString& texto) {
+                b, o, [this](const QString& titulo, const QString& texto) {
                     return Dialogos::pergunta(this, texto, titulo);
                 });
         TransicoesOrdem::OpcoesEntrada op;
@@ -578,10 +600,6 @@ bool OrdemServicoEntrada::salvarOrdem()
         if (m_clienteNovo)
             o.CodCliente = QString::number(EntradaRegras::gravarClienteNovo(b, cli));
         TransicoesOrdem::salvarEntrada(b, o, op);
-        if (!fabricaAntiga.isEmpty() && o.CodFabrica != fabricaAntiga) {
-            o.CodFabrica = fabricaAntiga;
-            GravacaoOrdem::gravar(b, o, {}, TelaOrdem::Entrada);
-        }
         tr.commit();
     } catch (const OrdemRecusada& r) {
         mostraRecusa(r.recusa());

@@ -9,6 +9,7 @@
 #include "data/Sessao.h"
 #include "data/Transacao.h"
 #include "orders/NumeroOrdem.h"
+#include "registers/CamposDocumento.h"
 
 namespace EntradaRegras {
 
@@ -86,7 +87,9 @@ qint64 gravarClienteNovo(Banco& banco, const ClienteBalcao& c)
                    QStringLiteral("Telefone"), QStringLiteral("Celular"), QStringLiteral("CnpjCpf"),
                    QStringLiteral("DataCadastro"), QStringLiteral("Alterado")},
                   {cod, txt(c.NomeCliente), txt(c.Endereco), txt(c.Numero), txt(c.Bairro), txt(c.Cidade),
-                   txt(c.Telefone), txt(c.Celular), txt(c.CnpjCpf), Datas::hoje(), txt(sessao().UsuarioNome)});
+                   txt(c.Telefone), txt(c.Celular),
+                   // The document is kept as digits, as the customer register keeps it.
+                   txt(CamposDocumento::paraGravar(c.CnpjCpf, MascaraCnpjCpf)), Datas::hoje(), txt(sessao().UsuarioNome)});
     tr.commit();
     return cod;
 }

@@ -98,8 +98,11 @@ void metadeEntrada(Ordem& o, const OpcoesEntrada& opcoes)
     if (!o.DataSaida.isEmpty() && !Datas::lerBanco(o.DataSaida))
         throw OrdemRecusada(Recusa::aviso(QStringLiteral("A data de saída \"%1\" não é uma data válida.")
                                               .arg(Datas::bancoParaTela(o.DataSaida))));
-    if (opcoes.retornoGarantia)
+    if (opcoes.retornoGarantia) {
         o.Fabrica = true;
+        if (o.nova() && o.fabricaDoRetorno.isEmpty())
+            o.fabricaDoRetorno = o.CodFabrica;
+    }
     if (o.Fabrica)
         o.Garantia = true;
     if (!o.DataSaida.isEmpty()) {
@@ -154,7 +157,7 @@ void salvarEntrada(Banco& banco, Ordem& o, const OpcoesEntrada& opcoes)
     metadeEntrada(trabalho, opcoes);
     exigir(sessao().DireitoOsEntAl);
     const bool copiar = NumeroOrdem::pedeNumeroFabrica(trabalho)
-        && NumeroOrdem::perguntarCopiaFabrica(banco, opcoes.perguntar);
+        && NumeroOrdem::perguntarCopiaFabrica(banco, trabalho, opcoes.perguntar);
     GravacaoOrdem::Filhas f;
     f.sintomas = cfg(sessao().CfgAtivaDef);
     GravacaoOrdem::gravar(banco, trabalho, f, TelaOrdem::Entrada, copiar);
@@ -323,7 +326,7 @@ QStringList salvarCompleto(Banco& banco, Ordem& o, Situacao situacao, const Opco
     metadeEntrada(trabalho, opcoes);
     exigir(sessao().DireitoOsEntAl);
     const bool copiar = NumeroOrdem::pedeNumeroFabrica(trabalho)
-        && NumeroOrdem::perguntarCopiaFabrica(banco, opcoes.perguntar);
+        && NumeroOrdem::perguntarCopiaFabrica(banco, trabalho, opcoes.perguntar);
     if (sessao().DireitoOsTecAl != 1) {
         // The intake half is stored on its own, as the two separate screens would; what
         // belongs to the bench stays as it is stored.

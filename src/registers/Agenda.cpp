@@ -9,7 +9,9 @@
 #include <QTimer>
 
 #include "data/FuncoesMascaras.h"
+#include "data/Recordset.h"
 #include "registers/BuscaCodigo.h"
+#include "registers/CamposDocumento.h"
 #include "ui/Dialogos.h"
 #include "ui/RegistroTelas.h"
 
@@ -45,11 +47,13 @@ Agenda::Agenda(QWidget* pai) : TelaCadastro(pai)
         t->setMaxLength(maximos[i]);
         grade->addWidget(new QLabel(rotulos[i], corpo()), i + 2, 0);
         grade->addWidget(t, i + 2, 1);
-        campos() << CampoCadastro{t, colunas[i], T::Texto};
+        // The document is copied by the screen itself: digits kept, shown masked.
+        campos() << CampoCadastro{t, colunas[i] == QLatin1String("CpfCnpj") ? QString() : colunas[i], T::Texto};
     }
     grade->setColumnStretch(1, 1);
     grade->setRowStretch(colunas.size() + 2, 1);
     m_cpfCnpj = corpo()->findChild<QLineEdit*>(QStringLiteral("Text1(5)"));
+    CamposDocumento::preparaCnpjCpf(m_cpfCnpj);
 
     def().tabela = QStringLiteral("Contato");
     def().titulo = QStringLiteral("Agenda");
@@ -72,32 +76,27 @@ Agenda::Agenda(QWidget* pai) : TelaCadastro(pai)
     iniciar();
 }
 
-bool Agenda::checaCpfCnpj()
-{
-    const ChecagemCnpjCpf r = ChecaCnpjCpf(m_cpfCnpj->text());
-    if (r.tamanhoMaximo > 0)
-        m_cpfCnpj->setMaxLength(r.tamanhoMaximo);
-    if (r.texto != m_cpfCnpj->text())
-        m_cpfCnpj->setText(r.texto);
-    if (r.mensagem.isEmpty())
-        return true;
-    Dialogos::mensagem(this, r.mensagem, {}, Dialogos::Icone::Aviso);
-    // Back to the field so the number is typed again at once; later, since the focus is
-    // still leaving it.
-    QTimer::singleShot(0, m_cpfCnpj, [c = m_cpfCnpj] { c->setFocus(); });
-    return false;
-}
-
-bool Agenda::eventFilter(QObject* alvo, QEvent* e)
-{
-    if (alvo == m_cpfCnpj && e->type() == QEvent::FocusOut && m_cpfCnpj->isEnabled())
-        checaCpfCnpj();
-    return TelaCadastro::eventFilter(alvo, e);
-}
-
 bool Agenda::validaAntesDeGravar()
 {
-    return checaCpfCnpj();
+    return CamposDocumento::checaSeDigitado(m_cpfCnpj);
+}
+
+void Agenda::limpaCampos()
+{
+    TelaCadastro::limpaCampos();
+    CamposDocumento::mostraCnpjCpf(m_cpfCnpj, QString());
+}
+
+void Agenda::mostraRegistro(const Recordset& rs)
+{
+    TelaCadastro::mostraRegistro(rs);
+    CamposDocumento::mostraCnpjCpf(m_cpfCnpj, rs.texto(QStringLiteral("CpfCnpj")));
+}
+
+void Agenda::gravaCampos(Recordset& rs)
+{
+    TelaCadastro::gravaCampos(rs);
+    rs.definir(QStringLiteral("CpfCnpj"), CamposDocumento::paraGravar(m_cpfCnpj->text(), MascaraCnpjCpf));
 }
 
 TOLDEX_REGISTRA_TELA(Agenda)

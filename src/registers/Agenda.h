@@ -11,13 +11,14 @@ public:
     explicit Agenda(QWidget* pai = nullptr);
 
 protected:
+    // The CPF/CNPJ rule of the registers, only for a number typed: a contact stored with
+    // an old number that fails the check still has his other fields changed.
     bool validaAntesDeGravar() override;
-    bool eventFilter(QObject* alvo, QEvent* e) override;
+    void limpaCampos() override;
+    void mostraRegistro(const Recordset& rs) override;
+    void gravaCampos(Recordset& rs) override;
 
 private:
-    // The CPF/CNPJ rule of the registers; false when the field was refused.
-    bool checaCpfCnpj();
-
     QLabel* m_codigo;
     QLineEdit* m_cpfCnpj;
 };

@@ -62,7 +62,10 @@ void preparaCnpjCpf(QLineEdit* campo)
 void mostraCnpjCpf(QLineEdit* campo, const QString& valor)
 {
     campo->setMaxLength(TamanhoLivre);
-    campo->setText(valor.isEmpty() ? QString() : MascaraCnpjCpf(valor));
+    // A number short of a CNPJ (but a CPF) shows as it stands: the mask would pad it with
+    // zeros, and saving the record again would store them.
+    const bool documento = valor.size() == 11 || valor.size() >= 14;
+    campo->setText(valor.isEmpty() ? QString() : documento ? MascaraCnpjCpf(valor) : valor);
     campo->setModified(false);
 }
 
@@ -70,8 +73,15 @@ bool checaSeDigitado(QLineEdit* campo)
 {
     if (!campo->isModified())
         return true;
-    campo->setModified(false);
-    return checaCnpjCpf(campo);
+    const QString digitado = campo->text();
+    if (checaCnpjCpf(campo)) {
+        campo->setModified(false);
+        return true;
+    }
+    // A refused save keeps what was typed, to be corrected, and checks it again next time.
+    campo->setText(digitado);
+    campo->setModified(true);
+    return false;
 }
 
 QString paraGravar(const QString& campo, QString (*mascara)(const QString&))

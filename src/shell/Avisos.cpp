@@ -115,11 +115,11 @@ Negado::Negado() : AvisoTransitorio(QStringLiteral("Acesso Negado"), 1500, true)
 void Negado::aoFechar()
 {
     // Whatever stands on the login is tried at once: with no name chosen it asks for one.
+    // That press only invites another user: it is never a wrong try.
     QWidget* login = RegistroTelas::abrir(QStringLiteral("Login"));
     if (!login)
         return;
-    if (auto* entrar = login->findChild<QPushButton*>(QStringLiteral("Log(0)")))
-        QTimer::singleShot(0, entrar, &QPushButton::click);
+    QTimer::singleShot(0, login, [login] { QMetaObject::invokeMethod(login, "entrarAoNegar"); });
 }
 
 Aviso::Aviso() : AvisoTransitorio(QStringLiteral("Enviando aviso de estoque baixo....."), 2000, true)

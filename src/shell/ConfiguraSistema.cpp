@@ -26,6 +26,7 @@
 #include "data/Conexoes.h"
 #include "data/FuncoesCores.h"
 #include "data/FuncoesMascaras.h"
+#include "registers/CamposDocumento.h"
 #include "data/Local.h"
 #include "data/Sessao.h"
 #include "shell/BarraStatus.h"
@@ -50,6 +51,9 @@ const QStringList Documentos = {QStringLiteral("Entrada"), QStringLiteral("Saida
 const QStringList SufixoModo = {QStringLiteral("Entrada"), QStringLiteral("Saida"), QStringLiteral("Orca"),
                                 QStringLiteral("Devo")};
 const QStringList Modos = {QStringLiteral("Direto"), QStringLiteral("Abre"), QStringLiteral("Edita")};
+
+constexpr int DigitosContador = 18;  // what a 64-bit counter holds
+constexpr int PapelLidos = Qt::UserRole + 1;  // a stored line's texts as read
 
 QString nomeIdx(const QString& base, int i) { return QStringLiteral("%1(%2)").arg(base).arg(i); }
 
@@ -228,12 +232,13 @@ QWidget* ConfiguraSistema::abaSistema()
     for (int i = 0; i < MenuLateral::grupos().size(); ++i)
         menu->addItem(QStringLiteral("%1-%2").arg(i + 1, 2, 10, QLatin1Char('0')).arg(MenuLateral::grupos()[i].titulo));
     f->addRow(QStringLiteral("Menu lateral abre em"), menu);
-    auto* os = linha(w, QStringLiteral("TxtOS"), 7);
-    soDigitos(os, 7);
+    // The whole counter shows: a shop past a million orders must never see it cut.
+    auto* os = linha(w, QStringLiteral("TxtOS"), DigitosContador);
+    soDigitos(os, DigitosContador);
     f->addRow(QStringLiteral("Contador de O.S"), os);
     f->addRow(QString(), caixa(w, QStringLiteral("AtvOs"), QStringLiteral("Usar o contador de O.S")));
-    auto* fab = linha(w, QStringLiteral("TxtOsFabrica"), 7);
-    soDigitos(fab, 7);
+    auto* fab = linha(w, QStringLiteral("TxtOsFabrica"), DigitosContador);
+    soDigitos(fab, DigitosContador);
     f->addRow(QStringLiteral("Contador de O.S de fábrica"), fab);
     f->addRow(QString(), caixa(w, QStringLiteral("AtvOsFabrica"), QStringLiteral("Usar o contador de O.S de fábrica")));
     f->addRow(QStringLiteral("Pasta das imagens"), linha(w, QStringLiteral("TxtImagem"), 200));
@@ -465,6 +470,7 @@ void ConfiguraSistema::carrega()
     if (m_conectado && m_banco) {
         try {
             const QVariantMap e = Dados::leEmpresa(*m_banco);
+            m_lida = e;
             for (const Dados::CampoEmpresa& c : Dados::camposEmpresa()) {
                 QWidget* w = findChild<QWidget*>(c.controle);
                 if (!w)
@@ -477,7 +483,9 @@ void ConfiguraSistema::carrega()
                     static_cast<QLineEdit*>(w)->setPlaceholderText(m_senhaGuardada.isEmpty() ? QString()
                                                                                           : QStringLiteral("(guardada)"));
                 } else {
-                    const QString v = e.value(c.coluna).toString();
+                    QString v = e.value(c.coluna).toString();
+                    if (c.coluna == QLatin1String("CpfCnpj"))
+                        v = MascaraCnpjCpf(v);  // kept as digits, shown with its mask
                     if (auto* cb = qobject_cast<QComboBox*>(w); cb && !cb->isEditable() && cb->findText(v) < 0 && !v.isEmpty())
                         cb->addItem(v);
                     Campos::poeTexto(w, e.contains(c.coluna) && v.isEmpty() ? QString() : v);
@@ -543,6 +551,7 @@ void ConfiguraSistema::carregaCatalogos()
                            e.textoCompleto());
         }
         grade->setRowCount(0);
+        m_removidas.remove(c.nome);
         for (const Dados::Linha& l : linhas) {
             const int r = grade->rowCount();
             grade->insertRow(r);
@@ -551,8 +560,10 @@ void ConfiguraSistema::carregaCatalogos()
                 if (c.colunas[k].tipo == Dados::TipoColuna::Flag)
                     v = v == QStringLiteral("-1") ? QStringLiteral("Sim") : QStringLiteral("Não");
                 auto* item = new QTableWidgetItem(v);
-                if (k == 0)
+                if (k == 0) {
                     item->setData(Qt::UserRole, l.chave);
+                    item->setData(PapelLidos, l.valores);
+                }
                 grade->setItem(r, k, item);
             }
         }
@@ -624,6 +635,8 @@ bool ConfiguraSistema::salvar()
             QWidget* w = findChild<QWidget*>(c.controle);
             if (c.tipo == Dados::TipoCampo::Flag)
                 empresa.insert(c.coluna, Campos::marcado(w));
+            else if (c.coluna == QLatin1String("CpfCnpj"))
+                empresa.insert(c.coluna, CamposDocumento::paraGravar(Campos::texto(w), MascaraCnpjCpf));
             else
                 empresa.insert(c.coluna, Campos::texto(w));
         }
@@ -632,13 +645,14 @@ bool ConfiguraSistema::salvar()
         try {
             empresa.insert(QStringLiteral("SenhaVenda"),
                            !m_senhaEditada ? m_senhaGuardada : senha.isEmpty() ? QString() : Senhas::gerar(senha));
-            QMap<QString, QList<Dados::Linha>> grades;
+            QMap<QString, Dados::Grade> grades;
             for (const Dados::Catalogo& c : Dados::catalogos()) {
                 auto* grade = controle<QTableWidget>(QStringLiteral("Grade") + c.nome);
                 QList<Dados::Linha> linhas;
                 for (int r = 0; r < grade->rowCount(); ++r) {
                     Dados::Linha l;
                     l.chave = grade->item(r, 0)->data(Qt::UserRole).isValid() ? grade->item(r, 0)->data(Qt::UserRole).toLongLong() : -1;
+                    l.lidos = grade->item(r, 0)->data(PapelLidos).toStringList();
                     for (int k = 0; k < c.colunas.size(); ++k) {
                         QString v = grade->item(r, k) ? grade->item(r, k)->text() : QString();
                         if (c.colunas[k].tipo == Dados::TipoColuna::Flag)
@@ -647,9 +661,12 @@ bool ConfiguraSistema::salvar()
                     }
                     linhas << l;
                 }
-                grades.insert(c.nome, linhas);
+                grades.insert(c.nome, {linhas, m_removidas.value(c.nome)});
             }
-            Dados::grava(*m_banco, empresa, grades);
+            Dados::grava(*m_banco, m_lida, empresa, grades);
+        } catch (const RegistroAlterado& e) {
+            Dialogos::mensagem(this, e.mensagem(), {}, Dialogos::Icone::Aviso);
+            return false;
         } catch (const ErroBanco& e) {
             Dialogos::erro(this, QStringLiteral("Erro gravação ,Informe o erro ao suporte."), e.textoCompleto());
             return false;
@@ -830,10 +847,13 @@ void ConfiguraSistema::adicionaLinha(int indice, bool alterar)
         grade->insertRow(r);
     }
     const QVariant chave = alterar && grade->item(r, 0) ? grade->item(r, 0)->data(Qt::UserRole) : QVariant();
+    const QVariant lidos = alterar && grade->item(r, 0) ? grade->item(r, 0)->data(PapelLidos) : QVariant();
     for (int k = 0; k < valores.size(); ++k) {
         auto* item = new QTableWidgetItem(valores[k]);
-        if (k == 0 && chave.isValid())
+        if (k == 0 && chave.isValid()) {
             item->setData(Qt::UserRole, chave);
+            item->setData(PapelLidos, lidos);
+        }
         grade->setItem(r, k, item);
     }
     grade->setCurrentCell(r, 0);
@@ -850,6 +870,11 @@ void ConfiguraSistema::removeLinha(int indice)
     }
     if (!Dialogos::pergunta(this, QStringLiteral("Registro será excluído,deseja excluir ?")))
         return;
+    // Only what the user removes leaves the store; lines added elsewhere meanwhile stay.
+    const QVariant chave = grade->item(grade->currentRow(), 0) ? grade->item(grade->currentRow(), 0)->data(Qt::UserRole)
+                                                               : QVariant();
+    if (chave.isValid())
+        m_removidas[c.nome] << chave.toLongLong();
     grade->removeRow(grade->currentRow());
     marcaAlterado();
 }

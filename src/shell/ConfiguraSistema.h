@@ -1,6 +1,8 @@
 #pragma once
 #include <QMap>
+#include <QList>
 #include <QString>
+#include <QVariantMap>
 #include <QWidget>
 #include <memory>
 
@@ -62,4 +64,6 @@ private:
     bool m_senhaEditada = false;
     QString m_senhaGuardada;
     QMap<QString, QString> m_ini;
+    QVariantMap m_lida;                          // Empresa as read: a save writes what changed
+    QMap<QString, QList<qint64>> m_removidas;    // stored catalogue lines the user removed
 };

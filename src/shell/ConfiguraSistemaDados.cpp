@@ -1,6 +1,5 @@
 #include "shell/ConfiguraSistemaDados.h"
 
-#include <QSet>
 #include <QSqlQuery>
 #include <QSqlRecord>
 
@@ -158,6 +157,7 @@ QList<Linha> leCatalogo(Banco& banco, const Catalogo& c)
                 break;
             }
         }
+        l.lidos = l.valores;
         r << l;
     }
     return r;
@@ -199,63 +199,102 @@ QVariantList valoresDaLinha(const Catalogo& c, const Linha& l)
 }
 } // namespace
 
-void grava(Banco& banco, const QVariantMap& empresa, const QMap<QString, QList<Linha>>& grades)
+namespace {
+
+QVariant valorEmpresa(const CampoEmpresa& c, const QVariantMap& v)
+{
+    if (c.tipo == TipoCampo::Flag)
+        return v.value(c.coluna).toBool() ? -1 : 0;
+    if (c.tipo == TipoCampo::Numero)
+        return v.value(c.coluna).toString().toLongLong();
+    return v.value(c.coluna).toString();
+}
+
+// The one Empresa row: only the columns the user changed, each still as it was read.
+void gravaEmpresa(Banco& banco, const QVariantMap& lida, const QVariantMap& empresa)
 {
     const QVariantMap v = comPadroes(empresa);
-    QStringList cols;
-    QVariantList vals;
-    for (const CampoEmpresa& c : camposEmpresa()) {
-        cols << c.coluna;
-        if (c.tipo == TipoCampo::Flag)
-            vals << (v.value(c.coluna).toBool() ? -1 : 0);
-        else if (c.tipo == TipoCampo::Numero)
-            vals << v.value(c.coluna).toString().toLongLong();
-        else
-            vals << v.value(c.coluna).toString();
-    }
-    Transacao t(banco);
     const QVariant chave = banco.escalar(QStringLiteral("SELECT MIN(Chave) FROM Empresa"));
     if (chave.isNull()) {
+        QStringList cols;
+        QVariantList vals;
+        for (const CampoEmpresa& c : camposEmpresa()) {
+            cols << c.coluna;
+            vals << valorEmpresa(c, v);
+        }
         banco.inserir(*Esquema::tabela(QStringLiteral("Empresa")), cols, vals);
-    } else {
-        QStringList sets;
-        for (const QString& c : cols)
-            sets << c + QStringLiteral(" = ?");
-        banco.executar(QStringLiteral("UPDATE Empresa SET %1 WHERE Chave = ?").arg(sets.join(QStringLiteral(", "))),
-                       vals + QVariantList{chave});
+        return;
     }
-    for (const Catalogo& c : catalogos()) {
-        if (!grades.contains(c.nome))
+    QStringList sets, conds{QStringLiteral("Chave = ?")};
+    QVariantList vals, condVals{chave};
+    for (const CampoEmpresa& c : camposEmpresa()) {
+        const bool mudou = c.tipo == TipoCampo::Flag
+            ? empresa.value(c.coluna).toBool() != lida.value(c.coluna).toBool()
+            : empresa.value(c.coluna).toString() != lida.value(c.coluna).toString();
+        if (!mudou && lida.contains(c.coluna))
             continue;
-        const QList<Linha>& linhas = grades[c.nome];
-        QSet<qint64> mantidas;
-        for (const Linha& l : linhas)
-            if (l.chave >= 0)
-                mantidas.insert(l.chave);
-        QSqlQuery q = banco.executar(QStringLiteral("SELECT %1 FROM %2").arg(c.chave, c.tabela));
-        QList<qint64> sair;
-        while (q.next())
-            if (!mantidas.contains(q.value(0).toLongLong()))
-                sair << q.value(0).toLongLong();
-        for (qint64 k : sair)
-            banco.executar(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(c.tabela, c.chave), {k});
-        QStringList ccols;
-        for (const ColunaCatalogo& k : c.colunas)
-            ccols << k.coluna;
-        for (const Linha& l : linhas) {
-            const QVariantList lv = valoresDaLinha(c, l);
-            if (l.chave < 0) {
-                banco.inserir(*Esquema::tabela(c.tabela), ccols, lv);
-            } else {
-                QStringList sets;
-                for (const QString& k : ccols)
-                    sets << k + QStringLiteral(" = ?");
-                banco.executar(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?")
-                                   .arg(c.tabela, sets.join(QStringLiteral(", ")), c.chave),
-                               lv + QVariantList{l.chave});
-            }
+        sets << c.coluna + QStringLiteral(" = ?");
+        vals << valorEmpresa(c, v);
+        if (!lida.contains(c.coluna))
+            continue;
+        if (c.tipo == TipoCampo::Flag) {
+            conds << QStringLiteral("(CASE WHEN COALESCE(%1, 0) <> 0 THEN 1 ELSE 0 END) = ?").arg(c.coluna);
+            condVals << (lida.value(c.coluna).toBool() ? 1 : 0);
+        } else {
+            conds << QStringLiteral("COALESCE(CAST(%1 AS TEXT), '') = ?").arg(c.coluna);
+            condVals << lida.value(c.coluna).toString();
         }
     }
+    if (sets.isEmpty())
+        return;
+    QSqlQuery q = banco.executar(QStringLiteral("UPDATE Empresa SET %1 WHERE %2")
+                                     .arg(sets.join(QStringLiteral(", ")), conds.join(QStringLiteral(" AND "))),
+                                 vals + condVals);
+    if (q.numRowsAffected() != 1)
+        throw RegistroAlterado(false);
+}
+
+void gravaCatalogo(Banco& banco, const Catalogo& c, const Grade& g)
+{
+    for (qint64 k : g.removidas)
+        banco.executar(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(c.tabela, c.chave), {k});
+    QStringList ccols;
+    for (const ColunaCatalogo& k : c.colunas)
+        ccols << k.coluna;
+    for (const Linha& l : g.linhas) {
+        const QVariantList lv = valoresDaLinha(c, l);
+        if (l.chave < 0) {
+            banco.inserir(*Esquema::tabela(c.tabela), ccols, lv);
+            continue;
+        }
+        if (l.valores == l.lidos)
+            continue;
+        QStringList sets, conds{c.chave + QStringLiteral(" = ?")};
+        QVariantList condVals{l.chave};
+        const QVariantList lidos = valoresDaLinha(c, Linha{l.chave, l.lidos, {}});
+        for (int i = 0; i < ccols.size(); ++i) {
+            sets << ccols[i] + QStringLiteral(" = ?");
+            conds << ccols[i] + QStringLiteral(" IS NOT DISTINCT FROM ?");
+            condVals << lidos.value(i);
+        }
+        QSqlQuery q = banco.executar(QStringLiteral("UPDATE %1 SET %2 WHERE %3")
+                                         .arg(c.tabela, sets.join(QStringLiteral(", ")),
+                                              conds.join(QStringLiteral(" AND "))),
+                                     lv + condVals);
+        if (q.numRowsAffected() != 1)
+            throw RegistroAlterado(false);
+    }
+}
+
+} // namespace
+
+void grava(Banco& banco, const QVariantMap& lida, const QVariantMap& empresa, const QMap<QString, Grade>& grades)
+{
+    Transacao t(banco);
+    gravaEmpresa(banco, lida, empresa);
+    for (const Catalogo& c : catalogos())
+        if (grades.contains(c.nome))
+            gravaCatalogo(banco, c, grades[c.nome]);
     t.commit();
 }
 

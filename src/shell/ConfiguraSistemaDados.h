@@ -54,15 +54,24 @@ const QList<Catalogo>& catalogos();
 struct Linha {
     qint64 chave = -1;
     QStringList valores;
+    QStringList lidos;  // the texts as read from the store: an unchanged line isn't written
+};
+// A grid as the user left it: its lines and the stored lines the user removed.
+struct Grade {
+    QList<Linha> linhas;
+    QList<qint64> removidas;
 };
 QList<Linha> leCatalogo(Banco& banco, const Catalogo& c);
 
 // A money text as typed: "" gives "0,00"; nothing when it isn't an amount.
 std::optional<QString> textoDinheiro(const QString& digitado);
 
-// Writes the Empresa row and every catalogue as its grid stands, in one transaction: lines
-// removed from a grid leave the store, changed lines are written by key, new lines added.
-void grava(Banco& banco, const QVariantMap& empresa, const QMap<QString, QList<Linha>>& grades);
+// Writes, in one transaction, what the user changed: the Empresa columns whose value differs
+// from `lida` (the row as the screen read it), the lines the user removed, changed and added.
+// Lines that other stations add meanwhile (a defect typed at the intake) stay. A column or
+// line that another station changed since it was read throws RegistroAlterado, and nothing
+// is written: a counter never goes back to a number already given.
+void grava(Banco& banco, const QVariantMap& lida, const QVariantMap& empresa, const QMap<QString, Grade>& grades);
 
 // --- Toldex.ini --------------------------------------------------------------------------
 

@@ -15,6 +15,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "data/Banco.h"
 #include "data/Local.h"
 #include "data/Recordset.h"
 #include "data/Sessao.h"
@@ -147,7 +148,8 @@ Funcionario::Funcionario(QWidget* pai) : TelaCadastro(pai)
     def().colunaCodigo = QStringLiteral("CodUsuario");
     def().soVivos = false;
     def().exclusaoSempreFisica = true;
-    def().exclusaoSemDireito = true;
+    // Whoever may only read users could otherwise give himself every right.
+    def().direito = QStringLiteral("DireitoFuncionarioAl");
     def().senhaOrigem = QStringLiteral("Funcionario");
     def().obrigatorio = m_texto[0];
     def().mensagemObrigatorio = QStringLiteral("Coloque o nome do funcionário");
@@ -230,11 +232,25 @@ bool Funcionario::validaAntesDeGravar()
 {
     const QString a = m_texto[5]->text();
     if (a != m_texto[6]->text()) {
-        conferenciaSenha();
-        if (m_texto[6]->text().isEmpty() && !a.isEmpty()) {
-            Dialogos::mensagem(this, QStringLiteral("Senha não Confere"));
-            m_texto[6]->setFocus();
-        }
+        // Typed in one box only, or different: either way the two don't match.
+        Dialogos::mensagem(this, QStringLiteral("Senha não Confere"));
+        m_texto[5]->clear();
+        m_texto[6]->clear();
+        m_texto[5]->setFocus();
+        return false;
+    }
+    // The login refuses an empty password, so a user saved without one could never enter.
+    const bool semSenhaGuardada = novo()
+        || banco()->escalar(QStringLiteral("SELECT Senha FROM Usuario WHERE Chave = ?"), {chaveAtual()}).toString().isEmpty();
+    if (a.isEmpty() && semSenhaGuardada) {
+        Dialogos::mensagem(this, QStringLiteral("Informe a senha do usuário."));
+        m_texto[5]->setFocus();
+        return false;
+    }
+    constexpr int Funcionarios = 2;  // the pair FuncionarioLe / FuncionarioAl
+    if (!novo() && !m_alterar[Funcionarios]->isChecked()
+        && DireitosUsuario::ultimoQueAlteraUsuarios(*banco(), chaveAtual())) {
+        Dialogos::mensagem(this, DireitosUsuario::mensagemUltimoQueAltera(), {}, Dialogos::Icone::Aviso);
         return false;
     }
     if (a.size() > MaximoSenha) {
@@ -243,6 +259,14 @@ bool Funcionario::validaAntesDeGravar()
         return false;
     }
     return true;
+}
+
+bool Funcionario::validaAntesDeExcluir()
+{
+    if (!DireitosUsuario::ultimoQueAlteraUsuarios(*banco(), chaveAtual()))
+        return true;
+    Dialogos::mensagem(this, DireitosUsuario::mensagemUltimoQueAltera(), {}, Dialogos::Icone::Aviso);
+    return false;
 }
 
 void Funcionario::gravaCampos(Recordset& rs)

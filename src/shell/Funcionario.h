@@ -28,6 +28,7 @@ protected:
     void limpaCampos() override;
     void mostraRegistro(const Recordset& rs) override;
     bool validaAntesDeGravar() override;
+    bool validaAntesDeExcluir() override;
     void gravaCampos(Recordset& rs) override;
     bool eventFilter(QObject* alvo, QEvent* e) override;
 

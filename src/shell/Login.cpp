@@ -84,6 +84,32 @@ void Login::entrar()
     const QString nome = m_lista->currentItem() ? m_lista->currentItem()->text() : QString();
     if (EntradaUsuario::tentar(this, *m_banco, nome, m_senha) != EntradaUsuario::Resultado::Entrou)
         return;
+    entrou();
+}
+
+void Login::entrarAoNegar()
+{
+    if (!m_banco)
+        return;
+    if (!m_lista->currentItem()) {
+        Dialogos::mensagem(this, QStringLiteral("Selecione um usuário"), QStringLiteral("Usuário"));
+        return;
+    }
+    try {
+        if (Autenticacao::entrar(*m_banco, m_lista->currentItem()->text(), m_senha->text(), sessao())
+            == Autenticacao::Resultado::Entrou) {
+            entrou();
+            return;
+        }
+    } catch (const ErroBanco& e) {
+        Dialogos::erro(this, QStringLiteral("Erro ao carregar os usuários,"), e.textoCompleto());
+    }
+    m_senha->setFocus();
+    m_senha->selectAll();
+}
+
+void Login::entrou()
+{
     avisaPrincipal(QStringLiteral(" Sair"));
     // The leave closed them; the new user gets them back.
     RegistroTelas::abrir(QStringLiteral("BuscaRapida"));

@@ -15,10 +15,15 @@ public:
     ~Login() override;
 public slots:
     void entrar();
+    // The press that follows a refused action (Negado): it invites another user, and a
+    // missing name or a wrong password there is no try of the four and never ends the
+    // program.
+    void entrarAoNegar();
     void sair();
 protected:
     bool eventFilter(QObject* alvo, QEvent* e) override;
 private:
+    void entrou();
     std::unique_ptr<Banco> m_banco;
     QListWidget* m_lista;
     QLineEdit* m_senha;

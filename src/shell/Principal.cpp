@@ -328,11 +328,16 @@ void Principal::closeEvent(QCloseEvent* evento)
             return;
         }
     }
-    // Every screen goes with the main window; they can't outlive it.
+    // Every screen goes with the main window; they can't outlive it. A screen that stays
+    // (its typing not yet saved, a password pending) keeps the program open with it.
     const QStringList nomes = RegistroTelas::nomes();
     for (const QString& n : nomes)
-        if (n.compare(QLatin1String("Principal"), Qt::CaseInsensitive) != 0)
-            RegistroTelas::fechar(n);
+        if (n.compare(QLatin1String("Principal"), Qt::CaseInsensitive) != 0 && !RegistroTelas::fechar(n)) {
+            evento->ignore();
+            if (QWidget* tela = RegistroTelas::aberta(n))
+                tela->activateWindow();
+            return;
+        }
     evento->accept();
 }
 

@@ -111,6 +111,20 @@ QPair<int, int> DireitosUsuario::valoresDoPar(bool ler, bool alterar)
     return {ler ? -1 : 0, 0};
 }
 
+bool DireitosUsuario::ultimoQueAlteraUsuarios(Banco& banco, qint64 chave)
+{
+    // A NULL right opens, as at the login.
+    const QString tem = QStringLiteral("(FuncionarioAl IS NULL OR FuncionarioAl <> 0)");
+    if (banco.escalar(QStringLiteral("SELECT 1 FROM Usuario WHERE Chave = ? AND %1").arg(tem), {chave}).isNull())
+        return false;
+    return banco.escalar(QStringLiteral("SELECT 1 FROM Usuario WHERE Chave <> ? AND %1").arg(tem), {chave}).isNull();
+}
+
+QString DireitosUsuario::mensagemUltimoQueAltera()
+{
+    return QStringLiteral("Deve existir ao menos um usuário com direito de alterar funcionários.");
+}
+
 namespace Autenticacao {
 
 Resultado entrar(Banco& banco, const QString& nome, const QString& senha, Sessao& s)
@@ -123,13 +137,14 @@ Resultado entrar(Banco& banco, const QString& nome, const QString& senha, Sessao
             achou = true;
             break;
         }
-    s.UsuarioNome = nome;
-    s.TecnicoNome = nome;
     if (!achou)
         return Resultado::NaoEncontrado;
     const QVariant guardada = rs.valor(QStringLiteral("Senha"));
     if (!Senhas::confere(senha, guardada))
         return Resultado::SenhaErrada;
+    // The name reaches the side menu and the status bar only with the right password.
+    s.UsuarioNome = nome;
+    s.TecnicoNome = nome;
     if (!Senhas::ehHash(guardada.toString())) {
         // An older store kept it in clear: from now on only the hash stays.
         Transacao t(banco);
@@ -176,8 +191,10 @@ qint64 criarPrimeiro(Banco& banco, const QString& nome, const QString& senha)
     QVariantList valores = {codigo, nome, Senhas::gerar(senha), QStringLiteral("Administrador")};
     for (const auto& p : DireitosUsuario::pares()) {
         colunas << p.first << p.second;
-        // The first user asks for no password at each action: that is for the staff.
-        valores << -1 << (p.second == QLatin1String("UsuarioSe") ? 0 : -1);
+        // The first user asks for no password at each action: that is for the staff. Deleting
+        // for good is ticked by the owner on purpose: until then deletions go to the bin.
+        valores << (p.first == QLatin1String("Permanente") ? 0 : -1)
+                << (p.second == QLatin1String("UsuarioSe") ? 0 : -1);
     }
     for (const QString& c : DireitosUsuario::sistema()) {
         colunas << c;

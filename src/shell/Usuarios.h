@@ -36,6 +36,10 @@ public:
     static const QStringList& sistema();
     // A change right implies reading: the values written for one pair of boxes.
     static QPair<int, int> valoresDoPar(bool ler, bool alterar);
+    // True when the user `chave` is the only one who may change users: he can be neither
+    // deleted nor lose that right, or nobody could ever manage the users again.
+    static bool ultimoQueAlteraUsuarios(Banco& banco, qint64 chave);
+    static QString mensagemUltimoQueAltera();
 };
 
 // The login rules shared by the first window, the login screen and the password at use.

@@ -161,7 +161,9 @@ void ClassificacaoAliquota::salvar()
         return;
     }
     try {
-        const qint64 cod = Grupos::gravaAliquota(*m_banco, m_incluindo ? -1 : m_cod->text().toLongLong(),
+        // Typed with no row chosen: a new row, never an update of nothing.
+        const bool novo = m_incluindo || m_cod->text().isEmpty();
+        const qint64 cod = Grupos::gravaAliquota(*m_banco, novo ? -1 : m_cod->text().toLongLong(),
                                                  m_descricao->text(), *icms);
         m_cod->setText(QString::number(cod));
         m_icms->setText(QString::number(*icms));

@@ -234,14 +234,21 @@ void GrupoProduto::salvar()
         nome->setFocus();
         return;
     }
+    if (sub && m_cod->text().isEmpty()) {
+        Dialogos::mensagem(this, QStringLiteral("Escolha o grupo na aba Grupo"), {}, Dialogos::Icone::Aviso);
+        return;
+    }
     try {
         if (sub) {
-            const qint64 cod = Grupos::gravaSubGrupo(*m_banco, m_incluindo ? -1 : m_codSub->text().toLongLong(),
+            // Typed with no row chosen: a new row, never an update of nothing.
+            const bool novo = m_incluindo || m_codSub->text().isEmpty();
+            const qint64 cod = Grupos::gravaSubGrupo(*m_banco, novo ? -1 : m_codSub->text().toLongLong(),
                                                      m_cod->text().toLongLong(), m_subGrupo->text());
             m_codSub->setText(QString::number(cod));
             recarregaSubGrupos(cod);
         } else {
-            const qint64 cod = Grupos::gravaGrupo(*m_banco, m_incluindo ? -1 : m_cod->text().toLongLong(), m_grupo->text());
+            const bool novo = m_incluindo || m_cod->text().isEmpty();
+            const qint64 cod = Grupos::gravaGrupo(*m_banco, novo ? -1 : m_cod->text().toLongLong(), m_grupo->text());
             m_cod->setText(QString::number(cod));
             m_grupoDoSub->setText(m_grupo->text());
             recarregaGrupos(cod);

@@ -27,8 +27,12 @@ qint64 grava(Banco& banco, const QString& tabela, qint64 codigo, const QStringLi
     QStringList sets;
     for (const QString& c : colunas)
         sets << c + QStringLiteral(" = ?");
-    banco.executar(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?").arg(tabela, sets.join(QStringLiteral(", ")), t->chave),
-                   valores + QVariantList{codigo});
+    QSqlQuery q = banco.executar(
+        QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?").arg(tabela, sets.join(QStringLiteral(", ")), t->chave),
+        valores + QVariantList{codigo});
+    // A row removed at another station is told, never an update that touched nothing.
+    if (q.numRowsAffected() != 1)
+        throw RegistroAlterado(true);
     return codigo;
 }
 

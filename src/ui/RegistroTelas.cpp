@@ -83,14 +83,14 @@ QWidget* RegistroTelas::abrir(const QString& nome)
     return w;
 }
 
-void RegistroTelas::fechar(const QString& nome)
+bool RegistroTelas::fechar(const QString& nome)
 {
     if (QWidget* w = aberta(nome)) {
         if (auto* sub = qobject_cast<QMdiSubWindow*>(w->parentWidget()))
-            sub->close();
-        else
-            w->close();
+            return sub->close();
+        return w->close();
     }
+    return true;
 }
 
 void RegistroTelas::fecharTodas()

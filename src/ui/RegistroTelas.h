@@ -22,7 +22,8 @@ public:
     static QWidget* abrir(const QString& nome);
     // The open instance, if any.
     static QWidget* aberta(const QString& nome);
-    static void fechar(const QString& nome);
+    // False when the screen refused to close (a question answered Cancel, a save refused).
+    static bool fechar(const QString& nome);
     static void fecharTodas();
 
     static void definirAreaMdi(QMdiArea* area);

@@ -466,6 +466,17 @@ void TelaCadastro::gravaCampos(Recordset& rs)
         escreveCampo(rs, c);
 }
 
+bool TelaCadastro::confere(const std::function<bool()>& checagem)
+{
+    // A screen's own checks may read the store; a failure there stops the action, told.
+    try {
+        return checagem();
+    } catch (const ErroBanco& e) {
+        Dialogos::erro(this, QStringLiteral("Erro ao carregar formulário,"), e.textoCompleto());
+        return false;
+    }
+}
+
 bool TelaCadastro::salvar()
 {
     if (m_def.obrigatorio && Campos::texto(m_def.obrigatorio).trimmed().isEmpty()) {
@@ -480,7 +491,7 @@ bool TelaCadastro::salvar()
             return false;
         }
     }
-    if (!validaAntesDeGravar())
+    if (!confere([this] { return validaAntesDeGravar(); }))
         return false;
     const bool eraNovo = m_novo;
     qint64 chave = -1;
@@ -496,16 +507,21 @@ bool TelaCadastro::salvar()
                 m_rs->definir(m_def.colunaCodigo, codigo);
             if (!m_def.colunaDataCadastro.isEmpty())
                 m_rs->definir(m_def.colunaDataCadastro, Datas::hoje());
-        } else {
-            if (chaveAtual() < 0 || !moveChave(chaveAtual()))
-                throw ErroBanco(QStringLiteral("O registro não existe mais no banco de dados."));
+        } else if (chaveAtual() < 0) {
+            throw ErroBanco(QStringLiteral("O registro não existe mais no banco de dados."));
         }
+        // The row is written over the version shown, never re-read here: the store
+        // refuses it when another station has changed it since.
         gravaCampos(*m_rs);
         if (!m_def.colunaCarimbo.isEmpty())
             m_rs->definir(m_def.colunaCarimbo, sessao().UsuarioNome);
         m_rs->update();
         chave = m_rs->chaveAtual();
         t.commit();
+    } catch (const RegistroAlterado& e) {
+        m_rs->cancelUpdate();
+        Dialogos::mensagem(this, e.mensagem(), QStringLiteral("Gravar"), Dialogos::Icone::Aviso);
+        return false;
     } catch (const ErroBanco& e) {
         // The typed fields stay as they are, so the user can correct and save again.
         if (m_rs->editando())
@@ -537,7 +553,7 @@ void TelaCadastro::excluir()
             return;
         }
     }
-    if (chaveAtual() < 0)
+    if (chaveAtual() < 0 || !confere([this] { return validaAntesDeExcluir(); }))
         return;
     if (!Dialogos::pergunta(this, QStringLiteral("Registro será excluído,deseja excluir ?")))
         return;
@@ -600,7 +616,13 @@ void TelaCadastro::closeEvent(QCloseEvent* e)
         e->accept();
         return;
     }
-    if (!Dialogos::pergunta(this, QStringLiteral("Você alterou o registro,deseja salvar ?"))) {
+    const auto resposta = Dialogos::mensagem(this, QStringLiteral("Você alterou o registro,deseja salvar ?"), {},
+                                             Dialogos::Icone::Pergunta, Dialogos::Botoes::SimNaoCancelar);
+    if (resposta == Dialogos::Resposta::Cancelar) {
+        e->ignore();
+        return;
+    }
+    if (resposta != Dialogos::Resposta::Sim) {
         e->accept();
         return;
     }

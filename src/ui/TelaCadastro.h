@@ -127,6 +127,8 @@ protected:
     virtual void marcaAlterado();
     // Checks of the screen's own before the right and the writing; false stops the save.
     virtual bool validaAntesDeGravar() { return true; }
+    // Checks of the screen's own before a deletion is asked; false stops it.
+    virtual bool validaAntesDeExcluir() { return true; }
     // Copies the fields to the row being written; the default writes every field of
     // campos() by its type.
     virtual void gravaCampos(Recordset& rs);
@@ -149,6 +151,7 @@ protected:
 
 private:
     bool precisaSenha() const;
+    bool confere(const std::function<bool()>& checagem);
     void pedeSenha();
     bool salvar();
     void excluir();

@@ -121,6 +121,76 @@ private slots:
         QCOMPARE(b->escalar("SELECT COUNT(*) FROM Contato").toInt(), 0);
     }
 
+    void documentosComPontuacaoViramDigitos_data()
+    {
+        QTest::addColumn<int>("motor");
+        QTest::addColumn<QString>("guardado");
+        QTest::addColumn<QString>("depois");
+        for (int m : {int(Motor::SQLite), int(Motor::PostgreSQL)}) {
+            const QString e = m == int(Motor::SQLite) ? "sqlite: " : "postgres: ";
+            QTest::newRow(qPrintable(e + "CPF with the register's mask")) << m << "529-982-247/25" << "52998224725";
+            QTest::newRow(qPrintable(e + "CPF with dots")) << m << "529.982.247-25" << "52998224725";
+            QTest::newRow(qPrintable(e + "CNPJ with the register's mask")) << m << "11-222-333-0001/81"
+                                                                          << "11222333000181";
+            QTest::newRow(qPrintable(e + "CNPJ with dots")) << m << "11.222.333/0001-81" << "11222333000181";
+            QTest::newRow(qPrintable(e + "digits stay")) << m << "52998224725" << "52998224725";
+            QTest::newRow(qPrintable(e + "a foreign number stays")) << m << "AR-20-1234" << "AR-20-1234";
+            QTest::newRow(qPrintable(e + "twelve digits stay")) << m << "123.456.789-012" << "123.456.789-012";
+        }
+    }
+    void documentosComPontuacaoViramDigitos()
+    {
+        BANCO_DO_MOTOR(b);
+        QFETCH(QString, guardado);
+        QFETCH(QString, depois);
+        // A store of the first version, its documents typed with punctuation.
+        b->executar("DELETE FROM VersaoEsquema");
+        b->executar("INSERT INTO VersaoEsquema (Versao) VALUES (1)");
+        b->executar("INSERT INTO Cliente (CodCliente, NomeCliente, CnpjCpf) VALUES (1, 'A', ?)", {guardado});
+        b->executar("INSERT INTO OrdemServico (CodOs, CpfCnpj) VALUES (1, ?)", {guardado});
+        b->executar("UPDATE Empresa SET CpfCnpj = ?", {guardado});
+        b->executar("INSERT INTO Contato (Nome, CpfCnpj) VALUES ('B', ?)", {guardado});
+        QVERIFY(b->garantirEsquema() > 0);
+        QCOMPARE(b->escalar("SELECT CnpjCpf FROM Cliente").toString(), depois);
+        QCOMPARE(b->escalar("SELECT CpfCnpj FROM OrdemServico").toString(), depois);
+        QCOMPARE(b->escalar("SELECT CpfCnpj FROM Empresa").toString(), depois);
+        QCOMPARE(b->escalar("SELECT CpfCnpj FROM Contato").toString(), depois);
+        QCOMPARE(b->escalar("SELECT MAX(Versao) FROM VersaoEsquema").toInt(), Esquema::versaoAtual());
+        QVERIFY(Esquema::versaoAtual() >= 2);
+        // Once done it is never done again.
+        b->executar("UPDATE Cliente SET CnpjCpf = '529-982-247/25'");
+        QCOMPARE(b->garantirEsquema(), 0);
+        QCOMPARE(b->escalar("SELECT CnpjCpf FROM Cliente").toString(), QString("529-982-247/25"));
+    }
+
+    void linhaQueOutraEstacaoMudouOuApagou_data() { linhasMotores(); }
+    void linhaQueOutraEstacaoMudouOuApagou()
+    {
+        BANCO_DO_MOTOR(b);
+        b->executar("INSERT INTO Cliente (CodCliente, NomeCliente) VALUES (1, 'A'), (2, 'B')");
+        Recordset rs(b.banco());
+        rs.abrir("Cliente", {}, {}, "CodCliente");
+        auto outra = b.outraConexao();
+        outra->executar("UPDATE Cliente SET Telefone = '1' WHERE CodCliente = 1");
+        outra->executar("DELETE FROM Cliente WHERE CodCliente = 2");
+        for (bool apagada : {false, true}) {
+            rs.moveTo(apagada ? 1 : 0);
+            rs.definir("NomeCliente", "Z");
+            try {
+                rs.update();
+                QFAIL("a gravação devia ser recusada");
+            } catch (const RegistroAlterado& e) {
+                QCOMPARE(e.excluido(), apagada);
+            }
+            rs.cancelUpdate();
+        }
+        QCOMPARE(b->escalar("SELECT NomeCliente FROM Cliente").toString(), QString("A"));
+        QCOMPARE(b->escalar("SELECT COUNT(*) FROM Cliente").toInt(), 1);
+        // The row deleted elsewhere isn't deleted "again" in silence either.
+        rs.moveTo(1);
+        QVERIFY_THROWS_EXCEPTION(RegistroAlterado, rs.deleteAtual());
+    }
+
     void bancoAusenteNaoESubstituido()
     {
         QTemporaryDir dir;

@@ -78,6 +78,9 @@ private slots:
         QTest::newRow("CPF of 11 digits takes the CPF form")
             << QVariantMap{{"CpfCnpj", "12345678901"}} << QStringList{"C.P.F: 123-456-789/01--I.E: "}
             << QStringList{"C.N.P.J"};
+        QTest::newRow("CPF stored with its mask still takes the CPF form")
+            << QVariantMap{{"CpfCnpj", "123-456-789/01"}} << QStringList{"C.P.F: 123-456-789/01--I.E: "}
+            << QStringList{"C.N.P.J"};
         QTest::newRow("print flags off leave their lines out")
             << QVariantMap{{"ImpriNome", 0}, {"ImpriSAC", 0}, {"ImpriCPFCNPJ", 0}}
             << QStringList{"Rua das Acácias", "suporte@consertaja.com.br"}

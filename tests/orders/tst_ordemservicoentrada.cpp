@@ -425,6 +425,35 @@ private slots:
         QCOMPARE(contar("OrdemServico"), 1);
     }
 
+    void clienteBloqueadoEntregueDoCadastroEAvisado()
+    {
+        b->banco().executar("INSERT INTO Cliente (CodCliente, NomeCliente, BloqCliente) VALUES (7, 'MARIA', -1)");
+        abre();
+        tela->novoComCliente({{"CodCliente", "7"}, {"NomeCliente", "MARIA"}});
+        QVERIFY(Dialogos::Roteiro::contem("Cliente bloqueado,verifique o seu cadastro para saber o motivo."));
+        QCOMPARE(texto(3)->text(), QString("MARIA"));
+    }
+
+    void documentoGuardadoComoDigitos_data() { linhasMotores(); }
+    void documentoGuardadoComoDigitos()
+    {
+        if (!motorDaLinha())
+            QSKIP(qPrintable(b->motivo()));
+        abre();
+        novaOrdem("JOSE", "52998224725");
+        QCOMPARE(texto(2)->text(), QString("529-982-247/25"));  // shown with its mask
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QCOMPARE(escalar("SELECT CnpjCpf FROM Cliente").toString(), QString("52998224725"));
+        QCOMPARE(escalar("SELECT CpfCnpj FROM OrdemServico").toString(), QString("52998224725"));
+        QCOMPARE(texto(2)->text(), QString("529-982-247/25"));
+        // The next attendant finds him by the digits.
+        Dialogos::Roteiro::responderNao();  // "Incluir mesmo cliente ?"
+        QTest::mouseClick(botao(0), Qt::LeftButton);
+        digita(texto(2), "52998224725");
+        sai(texto(2));
+        QCOMPARE(texto(3)->text(), QString("JOSE"));
+    }
+
     void clienteEntregueDoCadastroENovoDoMenu()
     {
         abre();
@@ -486,8 +515,12 @@ private slots:
         QTest::mouseClick(botao(0), Qt::LeftButton);
         QCOMPARE(texto(1)->text(), QString::number(antiga.CodOs));
         QVERIFY(texto(0)->text().isEmpty());
+        Dialogos::Roteiro::responderNao();  // "Quer copiar o numero da -OS- de fábrica ..."
         QTest::mouseClick(botao(1), Qt::LeftButton);
         QCOMPARE(contar("OrdemServico"), 2);
+        // No factory number is spent on a return, and the question names the old one.
+        QCOMPARE(escalar("SELECT CodOsfabrica FROM Empresa").toInt(), 900);
+        QCOMPARE(Dialogos::Roteiro::contem(QString(" O.S: %1").arg(antiga.CodOs)), contadorFabrica == "True");
         const qint64 nova = escalar("SELECT MAX(CodOsAut) FROM OrdemServico").toLongLong();
         const auto o = GravacaoOrdem::carregar(b->banco(), nova);
         QVERIFY(o);
@@ -497,6 +530,90 @@ private slots:
         QCOMPARE(o->DataSaida, QString());
         QCOMPARE(o->DataEntrada, Datas::hoje());
         QVERIFY(!tela->retornoGarantia());
+    }
+
+    void cancelarEncerraORetornoDeGarantia()
+    {
+        Ordem antiga = ordem("ANA");
+        antiga.DataEntrada = "2026/01/01";
+        antiga.DataSaida = "2026/01/05";
+        TransicoesOrdem::salvarEntrada(b->banco(), antiga, {});
+        abre();
+        tela->preparaRetornoGarantia(TransicoesOrdem::garantiaNovaOrdem(antiga));
+        QTest::mouseClick(botao(0), Qt::LeftButton);  // the return's new order
+        QVERIFY(tela->retornoGarantia());
+        QTest::mouseClick(botao(0), Qt::LeftButton);  // &Cancelar
+        QVERIFY(!tela->retornoGarantia());
+        QTest::mouseClick(botao(0), Qt::LeftButton);  // an ordinary new order
+        QVERIFY(!tela->retornoGarantia());
+        QVERIFY(!tela->findChild<QCheckBox*>("Check1")->isChecked());
+        QVERIFY(texto(1)->text().isEmpty());
+    }
+
+    void comissaoQueNaoEValorERecusada_data()
+    {
+        QTest::addColumn<QString>("comissao");
+        QTest::newRow("three decimals") << "12,345";
+        QTest::newRow("two commas") << "1,2,5";
+        QTest::newRow("letters") << "1O,00";
+    }
+    void comissaoQueNaoEValorERecusada()
+    {
+        QFETCH(QString, comissao);
+        abre();
+        novaOrdem("ANA");
+        QLineEdit* caixa = texto(11);  // the commission
+        caixa->setText(comissao);
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QVERIFY(Dialogos::Roteiro::contem("Valor inválido"));
+        QCOMPARE(contar("OrdemServico"), 0);
+        QCOMPARE(caixa->text(), comissao);
+    }
+
+    void servidorReiniciadoEntreGravacoes_data()
+    {
+        QTest::addColumn<bool>("parado");  // the server stays down for one save
+        QTest::newRow("restarted between two saves") << false;
+        QTest::newRow("down during a save, back for the next") << true;
+    }
+    void servidorReiniciadoEntreGravacoes()
+    {
+        QFETCH(bool, parado);
+        if (!BancoTeste::postgresDisponivel())
+            QSKIP("PostgreSQL de teste não configurado");
+        b = std::make_unique<BancoTeste>(Motor::PostgreSQL);
+        QVERIFY2(b->pronto(), qPrintable(b->motivo()));
+        Conexoes::configurar(b->config());
+        int falhas = 0;
+        Conexoes::aoFalhar([&falhas](const QString&) { ++falhas; });
+        ConfigBanco c = b->config();
+        c.nomeBanco = "postgres";
+        auto admin = Banco::abrir(c);
+        // What a restart does to every connection open on the store.
+        auto derruba = [&](bool aceita) {
+            admin->executar(QString("ALTER DATABASE %1 ALLOW_CONNECTIONS %2")
+                                .arg(b->config().nomeBanco, aceita ? "true" : "false"));
+            admin->executar("SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
+                            "WHERE datname = ? AND pid <> pg_backend_pid()", {b->config().nomeBanco});
+        };
+        abre();
+        novaOrdem("ANA");
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        derruba(!parado);
+        novaOrdem("BIA");
+        if (parado) {
+            QTest::mouseClick(botao(1), Qt::LeftButton);
+            QVERIFY(Dialogos::Roteiro::contem("Houve uma perda na comunicação ao banco de dados."));
+            QVERIFY(falhas >= 1);  // the notice that leads to the reconnection screen
+            QCOMPARE(texto(3)->text(), QString("BIA"));
+            admin->executar(QString("ALTER DATABASE %1 ALLOW_CONNECTIONS true").arg(b->config().nomeBanco));
+            Dialogos::Roteiro::limpar();
+        }
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QVERIFY2(!Dialogos::Roteiro::contem("Erro"), qPrintable(Dialogos::Roteiro::ultimoTexto()));
+        QCOMPARE(escalar("SELECT COUNT(*) FROM OrdemServico WHERE NomeCliente = 'BIA'").toInt(), 1);
+        QCOMPARE(contar("OrdemServico"), 2);
+        Conexoes::aoFalhar({});
     }
 
     void visitaPedidaComProximoCodigo()

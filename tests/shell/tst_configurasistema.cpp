@@ -9,6 +9,8 @@
 #include <QtTest>
 
 #include "AmbienteShell.h"
+#include "apoio/BancoTeste.h"
+#include "shell/ConfiguraSistemaDados.h"
 #include "data/FuncoesCores.h"
 #include "data/Numeracao.h"
 #include "shell/ConfiguraSistema.h"
@@ -126,6 +128,97 @@ private slots:
         QCOMPARE(w<QPushButton>(&tela, "Botao(1)")->text(), QString("Sa&ir"));
     }
 
+    void outraEstacaoNoMeioDaConfiguracao_data()
+    {
+        QTest::addColumn<QString>("contadorDigitado");  // empty: the counter box is left alone
+        QTest::addColumn<bool>("grava");
+        QTest::addColumn<int>("codOs");
+        QTest::newRow("another change keeps the counter and the new defect") << "" << true << 12;
+        QTest::newRow("a counter typed over one that moved is refused") << "20" << false << 12;
+    }
+    void outraEstacaoNoMeioDaConfiguracao()
+    {
+        QFETCH(QString, contadorDigitado);
+        QFETCH(bool, grava);
+        QFETCH(int, codOs);
+        amb->sql("UPDATE Empresa SET NomeEmpresa = 'X', CodOs = 10, AtivaOs = -1");
+        amb->sql("INSERT INTO DefeitoReclamado (CodDefeito, Defeito) VALUES ('1', 'NAO DESLIGA')");
+        ConfiguraSistema tela;
+        tela.show();
+        // Meanwhile the intake at another station saves two orders and a new defect.
+        auto outra = Banco::abrir(Conexoes::config());
+        outra->executar("UPDATE Empresa SET CodOs = 12");
+        outra->executar("INSERT INTO DefeitoReclamado (CodDefeito, Defeito) VALUES ('2', 'NAO LIGA')");
+        outra->executar("INSERT INTO SintomaOS (CodOsAut, DefeitoOS) VALUES (1, 'NAO LIGA')");
+        escreve(&tela, "Text1(0)", "ELETRO SILVA");
+        if (!contadorDigitado.isEmpty())
+            escreve(&tela, "TxtOS", contadorDigitado);
+        QCOMPARE(tela.salvar(), grava);
+        QCOMPARE(empresa("CodOs").toInt(), codOs);
+        QCOMPARE(empresa("NomeEmpresa").toString(), QString(grava ? "ELETRO SILVA" : "X"));
+        QCOMPARE(conta("DefeitoReclamado"), 2);
+        if (!grava) {
+            QVERIFY(Dialogos::Roteiro::contem("Este registro foi alterado em outra estação."));
+            QCOMPARE(w<QLineEdit>(&tela, "TxtOS")->text(), contadorDigitado);  // the typing stays
+        }
+    }
+
+    void documentoDaLojaGuardadoComoDigitos()
+    {
+        ConfiguraSistema tela;
+        tela.show();
+        escreve(&tela, "Text1(10)", "52998224725");
+        escreve(&tela, "Text1(0)", "ELETRO SILVA");
+        QVERIFY(tela.salvar());
+        QCOMPARE(empresa("CpfCnpj").toString(), QString("52998224725"));
+        ConfiguraSistema outra;
+        outra.show();
+        QCOMPARE(w<QLineEdit>(&outra, "Text1(10)")->text(), QString("529-982-247/25"));
+    }
+
+    void gravacaoSoDoQueMudouNosDoisMotores_data() { linhasMotores(); }
+    void gravacaoSoDoQueMudouNosDoisMotores()
+    {
+        BANCO_DO_MOTOR(b);
+        namespace D = ConfiguraSistemaDados;
+        b->executar("UPDATE Empresa SET CodOs = 10, CodOsfabrica = 5");
+        b->executar("INSERT INTO DefeitoReclamado (CodDefeito, Defeito) VALUES ('1', 'NAO DESLIGA')");
+        const QVariantMap lida = D::leEmpresa(b.banco());
+        const QList<D::Linha> defeitos = D::leCatalogo(b.banco(), D::catalogos()[3]);
+        auto outra = b.outraConexao();
+        outra->executar("UPDATE Empresa SET CodOs = 12");
+        outra->executar("INSERT INTO DefeitoReclamado (CodDefeito, Defeito) VALUES ('2', 'NAO LIGA')");
+        QVariantMap nova = lida;
+        nova["NomeEmpresa"] = "ELETRO SILVA";
+        D::grava(b.banco(), lida, nova, {{"Defeito", {defeitos, {}}}});
+        QCOMPARE(b->escalar("SELECT CodOs FROM Empresa").toInt(), 12);
+        QCOMPARE(b->escalar("SELECT NomeEmpresa FROM Empresa").toString(), QString("ELETRO SILVA"));
+        QCOMPARE(b->escalar("SELECT COUNT(*) FROM DefeitoReclamado").toInt(), 2);
+        // The counter typed over one that moved is refused, and nothing of the save stays.
+        nova["CodOs"] = "20";
+        nova["NomeEmpresa"] = "OUTRO NOME";
+        QVERIFY_THROWS_EXCEPTION(RegistroAlterado, D::grava(b.banco(), lida, nova, {}));
+        QCOMPARE(b->escalar("SELECT CodOs FROM Empresa").toInt(), 12);
+        QCOMPARE(b->escalar("SELECT NomeEmpresa FROM Empresa").toString(), QString("ELETRO SILVA"));
+        // A line changed at the grid over one changed elsewhere is refused as well.
+        outra->executar("UPDATE DefeitoReclamado SET Defeito = 'NAO DESLIGA NUNCA' WHERE CodDefeito = '1'");
+        QList<D::Linha> mudadas = defeitos;
+        mudadas[0].valores[1] = "DESLIGA SOZINHO";
+        QVERIFY_THROWS_EXCEPTION(RegistroAlterado, D::grava(b.banco(), D::leEmpresa(b.banco()), nova,
+                                                             {{"Defeito", {mudadas, {}}}}));
+    }
+
+    void contadorInteiroNaCaixa()
+    {
+        amb->sql("UPDATE Empresa SET CodOs = 123456789");
+        ConfiguraSistema tela;
+        tela.show();
+        QCOMPARE(w<QLineEdit>(&tela, "TxtOS")->text(), QString("123456789"));
+        escreve(&tela, "Text1(0)", "ELETRO SILVA");
+        QVERIFY(tela.salvar());
+        QCOMPARE(empresa("CodOs").toLongLong(), 123456789);
+    }
+
     void primeiraPartidaSemConexaoGravaOIni()
     {
         sessao().ConexaoOk = 0;
@@ -191,16 +284,16 @@ private slots:
         QCOMPARE(conta("MarcaProduto"), 2);
 
         // A failure in the middle writes nothing at all, Empresa included.
-        amb->sql("DROP TABLE DefeitoReclamado");
+        amb->sql("ALTER TABLE MarcaProduto RENAME TO MarcaGuardada");
         escreve(&tela, "Text1(0)", "ELETRO SILVA");
         QVERIFY(!tela.salvar());
         QVERIFY(Dialogos::Roteiro::contem("Erro gravação ,Informe o erro ao suporte."));
+        amb->sql("ALTER TABLE MarcaGuardada RENAME TO MarcaProduto");
         QCOMPARE(empresa("NomeEmpresa").toString(), QString(""));
         QCOMPARE(conta("PorcenTecnico"), 0);
         QCOMPARE(conta("MarcaProduto"), 2);
 
         auto b = Banco::abrir(Conexoes::config());
-        b->garantirEsquema();
         QVERIFY(tela.salvar());
         QCOMPARE(empresa("NomeEmpresa").toString(), QString("ELETRO SILVA"));
         QCOMPARE(b->escalar("SELECT ValorTipo FROM PorcenTecnico WHERE Tipo = 'TV'").toLongLong(), 1250);

@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include "ui/AmbienteTela.h"
+#include "apoio/OutraEstacao.h"
 #include "data/Sessao.h"
 #include "shell/Camera.h"
 #include "shell/Funcionario.h"
@@ -72,6 +73,7 @@ private slots:
         QVERIFY(b->pronto());
         Sessao& s = sessao();
         s.UsuarioNome = "ANA";
+        s.DireitoFuncionarioAl = 1;
         s.CfgPastaImagem = pasta.path();
         Camera::definirFabrica([] { return std::make_unique<CameraFalsa>(true); });
     }
@@ -133,6 +135,110 @@ private slots:
         QVERIFY(texto(6)->text().isEmpty());
     }
 
+    void senhaObrigatoriaNoNovoUsuario_data()
+    {
+        QTest::addColumn<QString>("senha");
+        QTest::addColumn<QString>("repita");
+        QTest::addColumn<QString>("mensagem");
+        QTest::newRow("both boxes empty") << "" << "" << "Informe a senha do usuário.";
+        QTest::newRow("typed only in the repeat box") << "" << "abc" << "Senha não Confere";
+        QTest::newRow("typed only in the first box") << "abc" << "" << "Senha não Confere";
+    }
+    void senhaObrigatoriaNoNovoUsuario()
+    {
+        QFETCH(QString, senha);
+        QFETCH(QString, repita);
+        QFETCH(QString, mensagem);
+        abre();
+        QTest::mouseClick(botao(0), Qt::LeftButton);
+        digita(texto(0), "Carlos");
+        digita(texto(5), senha);
+        digita(texto(6), repita);
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QVERIFY2(Dialogos::Roteiro::contem(mensagem), qPrintable(Dialogos::Roteiro::ultimoTexto()));
+        QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM Usuario").toInt(), 0);
+        QCOMPARE(texto(0)->text(), QString("Carlos"));
+    }
+
+    void direitoDeAlterarUsuarios_data()
+    {
+        QTest::addColumn<int>("direito");      // the session's DireitoFuncionarioAl
+        QTest::addColumn<bool>("excluir");     // delete ANA, else take away her right
+        QTest::addColumn<int>("outroAltera");  // BETO's FuncionarioAl
+        QTest::addColumn<QString>("mensagem"); // empty: Negado opens
+        QTest::addColumn<bool>("feito");
+        const QString ultimo = "Deve existir ao menos um usuário com direito de alterar funcionários.";
+        QTest::newRow("reading only: no save") << 0 << false << -1 << "" << false;
+        QTest::newRow("reading only: no deletion") << 0 << true << -1 << "" << false;
+        QTest::newRow("the last who may change users keeps the right") << 1 << false << 0 << ultimo << false;
+        QTest::newRow("the last who may change users isn't deleted") << 1 << true << 0 << ultimo << false;
+        QTest::newRow("with another who may, the right goes") << 1 << false << -1 << "" << true;
+        QTest::newRow("with another who may, the user goes") << 1 << true << -1 << "" << true;
+    }
+    void direitoDeAlterarUsuarios()
+    {
+        QFETCH(int, direito);
+        QFETCH(bool, excluir);
+        QFETCH(int, outroAltera);
+        QFETCH(QString, mensagem);
+        QFETCH(bool, feito);
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha, FuncionarioLe, FuncionarioAl) "
+                            "VALUES (1, 'ANA', 'x', -1, -1), (2, 'BETO', 'x', -1, ?)", {outroAltera});
+        sessao().DireitoFuncionarioAl = direito;
+        abre();
+        QCOMPARE(texto(0)->text(), QString("ANA"));
+        if (excluir) {
+            Dialogos::Roteiro::responderSim();
+            QTest::mouseClick(botao(1), Qt::LeftButton);
+        } else {
+            check(2, 2)->click();
+            QTest::mouseClick(botao(1), Qt::LeftButton);
+        }
+        if (mensagem.isEmpty())
+            QCOMPARE(RegistroTelas::aberta("Negado") != nullptr, !feito);
+        else
+            QVERIFY2(Dialogos::Roteiro::contem(mensagem), qPrintable(Dialogos::Roteiro::ultimoTexto()));
+        const QVariant ana = coluna("FuncionarioAl", 1);
+        if (excluir)
+            QCOMPARE(ana.isNull(), feito);
+        else
+            QCOMPARE(ana.toInt(), feito ? 0 : -1);
+    }
+
+    void outraEstacaoTiraUmDireito_data() { linhasMotores(); }
+    void outraEstacaoTiraUmDireito()
+    {
+        QFETCH(int, motor);
+        b.reset();
+        b = ambienteDeTela(static_cast<Motor>(motor));
+        if (!b->pronto())
+            QSKIP(qPrintable(b->motivo()));
+        sessao().DireitoFuncionarioAl = 1;
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha, ClienteLe, ClienteAl) "
+                            "VALUES (1, 'JOAO', 'x', -1, -1)");
+        abre();
+        QVERIFY(check(2, 0)->isChecked());
+        // Station B takes away JOAO's change right on customers.
+        QCOMPARE(outraEstacao(*b, "UPDATE Usuario SET ClienteAl = 0 WHERE CodUsuario = 1"), QString());
+        digita(texto(3), "3333-0000");
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QVERIFY(Dialogos::Roteiro::contem("Este registro foi alterado em outra estação. Feche e abra o registro "
+                                          "novamente para ver a versão atual."));
+        QCOMPARE(coluna("ClienteAl", 1).toInt(), 0);
+        QCOMPARE(coluna("Telefone", 1).toString(), QString());
+        QCOMPARE(texto(3)->text(), QString("3333-0000"));
+        QVERIFY(!RegistroTelas::aberta("Gravado"));
+    }
+
+    void primeiroUsuarioExcluiParaALixeira()
+    {
+        Autenticacao::criarPrimeiro(b->banco(), "DONO", "dono");
+        QCOMPARE(Autenticacao::entrar(b->banco(), "DONO", "dono", sessao()), Autenticacao::Resultado::Entrou);
+        QCOMPARE(sessao().DireitoPermanente, 0);
+        QCOMPARE(sessao().DireitoClienteAl, 1);
+        QCOMPARE(sessao().DireitoFuncionarioAl, 1);
+    }
+
     void senhaVaziaNaEdicaoMantemAAntiga()
     {
         b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', ?)", {Senhas::gerar("x")});
@@ -163,7 +269,7 @@ private slots:
         QCOMPARE(texto(0)->text(), QString("U2"));
     }
 
-    void exclusaoSempreFisicaSemDireito()
+    void exclusaoSempreFisicaSemPermanente()
     {
         b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'A', ''), (2, 'B', '')");
         sessao().DireitoPermanente = 0;
@@ -196,7 +302,7 @@ private slots:
 
     void fecharComSimGrava()
     {
-        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', '')");
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', 'x')");
         abre();
         digita(texto(3), "3333-0000");
         Dialogos::Roteiro::responderSim();
@@ -216,7 +322,7 @@ private slots:
     void imagemDeArquivo()
     {
         QFETCH(bool, ehImagem);
-        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', '')");
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', 'x')");
         const QString arquivo = pasta.filePath(ehImagem ? "foto.png" : "nao.png");
         if (ehImagem) {
             QImage i(10, 10, QImage::Format_RGB32);
@@ -238,7 +344,7 @@ private slots:
 
     void fotoDaCamera()
     {
-        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', '')");
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', 'x')");
         abre();
         QTest::mouseClick(botao(5), Qt::LeftButton);
         QCOMPARE(botao(5)->text(), QString("Encerra"));
@@ -256,7 +362,7 @@ private slots:
     void semCamera()
     {
         Camera::definirFabrica([] { return std::make_unique<CameraFalsa>(false); });
-        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', '')");
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha) VALUES (1, 'ANA', 'x')");
         abre();
         QTest::mouseClick(botao(5), Qt::LeftButton);
         QVERIFY(Dialogos::Roteiro::contem("Nenhuma câmera foi encontrada neste computador."));

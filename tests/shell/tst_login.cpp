@@ -32,6 +32,15 @@ public:
     QLineEdit* nome;
 };
 
+namespace AmbienteLogin {
+// The login that a refused click opens is a new one, with no name chosen yet.
+inline void fechaLogin()
+{
+    RegistroTelas::fechar("Login");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+}
+
 class TstLogin : public QObject {
     Q_OBJECT
     std::unique_ptr<BancoTeste> b;
@@ -124,6 +133,51 @@ private slots:
         QTRY_VERIFY(!RegistroTelas::aberta("Login"));
         QTest::mouseClick(tela.findChild<QPushButton*>("Botao(1)"), Qt::LeftButton);
         QCOMPARE(b->banco().escalar("SELECT NomeCliente FROM Cliente").toString(), QString("ZE"));
+    }
+
+    void cliquesNegadosNaoSaoTentativas_data()
+    {
+        QTest::addColumn<QString>("escolhido");  // the name standing on the login, if any
+        QTest::addColumn<QString>("senha");
+        QTest::newRow("no name chosen") << "" << "";
+        QTest::newRow("a name with no password") << "BIA" << "";
+        QTest::newRow("a name with a wrong password") << "BIA" << "x";
+    }
+    void cliquesNegadosNaoSaoTentativas()
+    {
+        QFETCH(QString, escolhido);
+        QFETCH(QString, senha);
+        sessao().UsuarioNome = "CAIO";
+        sessao().DireitoClienteAl = 0;
+        CadastroGuardado tela;
+        tela.show();
+        QTest::mouseClick(tela.findChild<QPushButton*>("Botao(0)"), Qt::LeftButton);
+        tela.nome->setText("NOTA PELA METADE");
+        for (int i = 0; i < 4; ++i) {
+            QTest::mouseClick(tela.findChild<QPushButton*>("Botao(1)"), Qt::LeftButton);
+            auto* negado = qobject_cast<AvisoTransitorio*>(RegistroTelas::aberta("Negado"));
+            QVERIFY(negado);
+            if (!escolhido.isEmpty()) {
+                QWidget* l = RegistroTelas::abrir("Login");
+                auto* lista = l->findChild<QListWidget*>("ListaUs");
+                lista->setCurrentItem(lista->findItems(escolhido, Qt::MatchExactly).value(0));
+                l->findChild<QLineEdit*>("TSenha")->setText(senha);
+            } else {
+                AmbienteLogin::fechaLogin();
+            }
+            Dialogos::Roteiro::responder(QVariant::fromValue(Dialogos::Resposta::Cancelar));  // never an ending
+            negado->expira();
+            // The press waits for the notice to go; with no name it asks for one.
+            if (escolhido.isEmpty())
+                QTRY_VERIFY(Dialogos::Roteiro::contem("Selecione um usuário"));
+            else
+                QCoreApplication::sendPostedEvents();
+            Dialogos::Roteiro::limpar();
+        }
+        QCOMPARE(encerrou, 0);
+        QCOMPARE(sessao().Tentativas, 0);
+        QCOMPARE(sessao().UsuarioNome, QString("CAIO"));
+        QCOMPARE(tela.nome->text(), QString("NOTA PELA METADE"));
     }
 };
 

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QLineEdit>
 #include <QTest>
 #include <QThread>
 #include <QTimer>
@@ -264,6 +265,55 @@ private slots:
             QCOMPARE(RegistroTelas::aberta("Negado") != nullptr, servidor && direitoBackup == 0);
             QVERIFY(!Dialogos::Roteiro::contem("Você quer sair"));
         }
+    }
+
+    void telaComDigitacaoSeguraOFechamento_data()
+    {
+        QTest::addColumn<QVariant>("resposta");     // to "Você alterou o registro,deseja salvar ?"
+        QTest::addColumn<int>("direito");           // DireitoClienteAl
+        QTest::addColumn<int>("senhaObrigatoria");
+        QTest::addColumn<bool>("fecha");
+        QTest::newRow("Cancelar keeps the program and the typing")
+            << QVariant::fromValue(Dialogos::Resposta::Cancelar) << 1 << 0 << false;
+        QTest::newRow("a save refused for lack of a right keeps them")
+            << QVariant::fromValue(Dialogos::Resposta::Sim) << 0 << 0 << false;
+        QTest::newRow("a password still to give keeps them")
+            << QVariant::fromValue(Dialogos::Resposta::Sim) << 1 << -1 << false;
+        QTest::newRow("Não lets the program close") << QVariant::fromValue(Dialogos::Resposta::Nao) << 1 << 0 << true;
+    }
+    void telaComDigitacaoSeguraOFechamento()
+    {
+        QFETCH(QVariant, resposta);
+        QFETCH(int, direito);
+        QFETCH(int, senhaObrigatoria);
+        QFETCH(bool, fecha);
+        AmbienteShell::registrarFalsa(QStringLiteral("Negado"));
+        AmbienteShell::registrarFalsa(QStringLiteral("SenhaPde"));
+        m_amb->sql("INSERT INTO Cliente (CodCliente, NomeCliente) VALUES (1, 'JOAO')");
+        Principal p;
+        p.show();
+        sessao().DataUltimoBackup = Datas::hoje();
+        sessao().DireitoClienteAl = direito;
+        sessao().SenhaObrigatoria = senhaObrigatoria;
+        sessao().SenhaLiberada = 0;
+        QPointer<QWidget> cliente = RegistroTelas::abrir("Cliente");
+        QVERIFY(cliente);
+        auto* nome = cliente->findChild<QLineEdit*>("Text1(0)");
+        QVERIFY(nome);
+        nome->setFocus();
+        QTest::keyClicks(nome, " SILVA");
+        Dialogos::Roteiro::limpar();
+        Dialogos::Roteiro::responderSim();  // "Você quer sair do programa ?"
+        Dialogos::Roteiro::responder(resposta);
+        QCOMPARE(p.close(), fecha);
+        QVERIFY(Dialogos::Roteiro::contem("Você alterou o registro,deseja salvar ?"));
+        if (!fecha) {
+            QVERIFY(cliente);
+            QCOMPARE(nome->text(), QString("JOAO SILVA"));
+        }
+        sessao().SenhaObrigatoria = 0;
+        m_amb->sql("DELETE FROM Cliente");
+        AmbienteShell::fecharTelas();
     }
 
     void programaAusenteEhExplicado()

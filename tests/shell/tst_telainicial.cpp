@@ -139,9 +139,10 @@ private slots:
         QCOMPARE(combo()->currentText(), QString("Dono da Loja"));
         tenta("Dono da Loja", "ABC");
         QTRY_VERIFY(!tela);
-        for (const char* d : {"DireitoClienteAl", "DireitoConfiguracao", "DireitoBackup", "DireitoPermanente",
+        for (const char* d : {"DireitoClienteAl", "DireitoConfiguracao", "DireitoBackup",
                               "DireitoAltOs", "DireitoRegistro", "DireitoFuncionarioAl"})
             QCOMPARE(*sessao().direito(d), 1);
+        QCOMPARE(sessao().DireitoPermanente, 0);  // deletions go to the bin until the owner says so
         QCOMPARE(sessao().SenhaObrigatoria, 0);
     }
 

@@ -112,7 +112,7 @@ private slots:
         if (resultado == int(Autenticacao::Resultado::Entrou)) {
             QCOMPARE(sessao().UsuarioCodigo, QString("1"));
             QCOMPARE(sessao().DireitoConfiguracao, 1);
-            QCOMPARE(sessao().DireitoPermanente, 1);
+            QCOMPARE(sessao().DireitoPermanente, 0);
             QCOMPARE(sessao().SenhaObrigatoria, 0);
             QVERIFY(sessao().UsuarioImagem.endsWith("Toldex.ico"));
         }

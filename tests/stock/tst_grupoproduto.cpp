@@ -121,6 +121,41 @@ private slots:
         QCOMPARE(Dialogos::Roteiro::ultimoTexto(), QString("Não tem registro para excluir"));
     }
 
+    void digitadoSemLinhaEscolhidaNaoSomeEmSilencio_data()
+    {
+        QTest::addColumn<QString>("tela");
+        QTest::addColumn<QString>("caixa");
+        QTest::addColumn<QString>("tabela");
+        QTest::newRow("group") << "GrupoProduto" << "TxtGrupo" << "GrupoProdutos";
+        QTest::newRow("tax class") << "ClassificacaoAliquota" << "TxtDescricao" << "ClassificaAliquota";
+    }
+    void digitadoSemLinhaEscolhidaNaoSomeEmSilencio()
+    {
+        QFETCH(QString, tela);
+        QFETCH(QString, caixa);
+        QFETCH(QString, tabela);
+        QWidget* t = RegistroTelas::abrir(tela);
+        QVERIFY(t);
+        escreve(t, caixa, "ELETRONICOS");
+        if (t->findChild<QLineEdit*>("TxtICMS"))
+            escreve(t, "TxtICMS", "18");
+        clica(t, 0);  // &Salvar, with no row chosen and no &Incluir
+        QCOMPARE(conta(tabela), 1);
+    }
+
+    void linhaExcluidaEmOutraEstacao()
+    {
+        b->banco().executar("INSERT INTO GrupoProdutos (Grupo) VALUES ('AUDIO')");
+        GrupoProduto tela;
+        tela.show();
+        clicaLinha(&tela, "GradeGrupo", 0);
+        b->outraConexao()->executar("DELETE FROM GrupoProdutos");
+        escreve(&tela, "TxtGrupo", "VIDEO");
+        clica(&tela, 0);
+        QVERIFY(Dialogos::Roteiro::contem("Este registro foi excluído em outra estação."));
+        QCOMPARE(conta("GrupoProdutos"), 0);
+    }
+
     void aliquota_data()
     {
         QTest::addColumn<QString>("descricao");

@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include "ui/AmbienteTela.h"
+#include "apoio/OutraEstacao.h"
 #include "data/Recordset.h"
 #include "data/Sessao.h"
 #include "ui/AcoesSenha.h"
@@ -215,6 +216,80 @@ private slots:
             QVERIFY(Dialogos::Roteiro::contem(mensagem));
         QCOMPARE(RegistroTelas::aberta("Negado") != nullptr, negado);
         QCOMPARE(tela->estado(), TelaCadastro::Estado::Inclusao);
+    }
+
+    void outraEstacaoMexeuNoRegistro_data()
+    {
+        QTest::addColumn<int>("motor");
+        QTest::addColumn<QString>("sqlOutra");
+        QTest::addColumn<QString>("mensagem");
+        QTest::addColumn<int>("bloqueado");  // BloqCliente afterwards; -2: the row is gone
+        const QString alterado = "Este registro foi alterado em outra estação. Feche e abra o registro novamente "
+                                 "para ver a versão atual.";
+        for (int m : {int(Motor::SQLite), int(Motor::PostgreSQL)}) {
+            const char* nome = m == int(Motor::SQLite) ? "sqlite" : "postgres";
+            QTest::newRow(qPrintable(QString("%1: a flag changed elsewhere is kept").arg(nome)))
+                << m << "UPDATE Cliente SET BloqCliente = -1 WHERE CodCliente = 1" << alterado << -1;
+            QTest::newRow(qPrintable(QString("%1: a row deleted elsewhere is not written").arg(nome)))
+                << m << "DELETE FROM Cliente WHERE CodCliente = 1" << "Este registro foi excluído em outra estação."
+                << -2;
+        }
+    }
+    void outraEstacaoMexeuNoRegistro()
+    {
+        QFETCH(int, motor);
+        QFETCH(QString, sqlOutra);
+        QFETCH(QString, mensagem);
+        QFETCH(int, bloqueado);
+        b.reset();
+        b = ambienteDeTela(static_cast<Motor>(motor));
+        if (!b->pronto())
+            QSKIP(qPrintable(b->motivo()));
+        sessao().DireitoClienteAl = 1;
+        cliente(1, "JOAO");
+        abre();
+        QCOMPARE(tela->nome->text(), QString("JOAO"));
+        QCOMPARE(outraEstacao(*b, sqlOutra), QString());
+        digita(tela->numero, "45");
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QVERIFY2(Dialogos::Roteiro::contem(mensagem), qPrintable(Dialogos::Roteiro::ultimoTexto()));
+        QVERIFY(!RegistroTelas::aberta("Gravado"));
+        QCOMPARE(tela->numero->text(), QString("45"));
+        QCOMPARE(tela->estado(), TelaCadastro::Estado::Edicao);
+        if (bloqueado == -2) {
+            QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM Cliente").toInt(), 0);
+        } else {
+            QCOMPARE(coluna("BloqCliente", 1).toInt(), bloqueado);
+            QCOMPARE(coluna("Numero", 1).toString(), QString());
+        }
+        // Reopened, the record shows the other station's version and saves over it.
+        if (bloqueado != -2) {
+            QVERIFY(tela->irChave(tela->chaveAtual()));
+            QVERIFY(tela->bloq->isChecked());
+            digita(tela->numero, "45");
+            QTest::mouseClick(botao(1), Qt::LeftButton);
+            QCOMPARE(coluna("Numero", 1).toString(), QString("45"));
+            QCOMPARE(coluna("BloqCliente", 1).toInt(), -1);
+        }
+    }
+
+    void caractereNuloRecusado_data() { linhasMotores(); }
+    void caractereNuloRecusado()
+    {
+        QFETCH(int, motor);
+        b.reset();
+        b = ambienteDeTela(static_cast<Motor>(motor));
+        if (!b->pronto())
+            QSKIP(qPrintable(b->motivo()));
+        sessao().DireitoClienteAl = 1;
+        abre();
+        QTest::mouseClick(botao(0), Qt::LeftButton);
+        const QString comNulo = QString("ZE") + QChar(0) + QString("CA");
+        tela->nome->setText(comNulo);
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QVERIFY2(Dialogos::Roteiro::contem("caractere nulo"), qPrintable(Dialogos::Roteiro::ultimoTexto()));
+        QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM Cliente").toInt(), 0);
+        QCOMPARE(tela->nome->text(), comNulo);
     }
 
     void senhaNoUsoPressionaDeNovo()

@@ -1,0 +1,74 @@
+#include "data/Atualizacoes.h"
+
+#include <QSqlQuery>
+
+#include "data/Banco.h"
+#include "data/Esquema.h"
+
+namespace Atualizacoes {
+
+const QList<Passo>& passos()
+{
+    // One line per version, in order.
+    static const QList<Passo> p = {
+        {2, &documentosEmDigitos},
+    };
+    return p;
+}
+
+int ultimaVersao()
+{
+    return passos().isEmpty() ? 1 : passos().last().versao;
+}
+
+namespace {
+
+// The digits of a CPF or CNPJ written with punctuation; empty for anything else.
+QString digitosDoDocumento(const QString& texto)
+{
+    QString d;
+    for (const QChar c : texto) {
+        if (c >= QLatin1Char('0') && c <= QLatin1Char('9'))
+            d += c;
+        else if (c != QLatin1Char('.') && c != QLatin1Char('-') && c != QLatin1Char('/') && c != QLatin1Char(' '))
+            return {};
+    }
+    return d.size() == 11 || d.size() == 14 ? d : QString();
+}
+
+} // namespace
+
+void documentosEmDigitos(Banco& banco)
+{
+    const QList<QPair<QString, QString>> colunas = {
+        {QStringLiteral("Empresa"), QStringLiteral("CpfCnpj")},
+        {QStringLiteral("Cliente"), QStringLiteral("CnpjCpf")},
+        {QStringLiteral("Fornecedor"), QStringLiteral("CnpjCpf")},
+        {QStringLiteral("OrdemServico"), QStringLiteral("CpfCnpj")},
+        {QStringLiteral("CadastroNotaFiscal"), QStringLiteral("CpfCnpj")},
+        {QStringLiteral("Contato"), QStringLiteral("CpfCnpj")},
+        {QStringLiteral("CadastroCheque"), QStringLiteral("CPFCNPJCliente")},
+        {QStringLiteral("CadastroCheque"), QStringLiteral("CpfCnpjTitular")},
+    };
+    for (const auto& [nome, coluna] : colunas) {
+        const DefTabela* t = Esquema::tabela(nome);
+        if (!t || !t->coluna(coluna))
+            continue;
+        // Only rows with punctuation are read: a million orders kept as digits cost nothing.
+        QSqlQuery q = banco.executar(
+            QStringLiteral("SELECT %1, %2 FROM %3 WHERE %2 LIKE ? OR %2 LIKE ? OR %2 LIKE ? OR %2 LIKE ?")
+                .arg(t->chave, coluna, t->nome),
+            {QStringLiteral("%.%"), QStringLiteral("%-%"), QStringLiteral("%/%"), QStringLiteral("% %")});
+        QList<QPair<QVariant, QString>> trocas;
+        while (q.next()) {
+            const QString d = digitosDoDocumento(q.value(1).toString());
+            if (!d.isEmpty())
+                trocas.append({q.value(0), d});
+        }
+        for (const auto& [chave, digitos] : trocas)
+            banco.executar(QStringLiteral("UPDATE %1 SET %2 = ? WHERE %3 = ?").arg(t->nome, coluna, t->chave),
+                           {digitos, chave});
+    }
+}
+
+}

@@ -1,0 +1,23 @@
+#pragma once
+#include <QList>
+
+class Banco;
+
+// The data upgrades of an older store, in version order. Each runs once, in its own
+// transaction together with the row of VersaoEsquema that records it, after the tables
+// and columns of this version are in place: a store that stops halfway resumes at the
+// step that failed. A new store is born at the last version and runs none.
+namespace Atualizacoes {
+
+struct Passo {
+    int versao;
+    void (*aplicar)(Banco&);
+};
+const QList<Passo>& passos();
+int ultimaVersao();
+
+// Version 2: CPF and CNPJ typed with their punctuation become digits, as the registers
+// now keep them; a text that isn't a document (a foreign number) stays as it stands.
+void documentosEmDigitos(Banco& banco);
+
+}
