@@ -83,25 +83,25 @@ QWidget* RegistroTelas::abrir(const QString& nome)
     return w;
 }
 
+void RegistroTelas::fecharJanela(QWidget* w)
+{
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(w->parentWidget()))
+        sub->close();
+    else
+        w->close();
+}
+
 void RegistroTelas::fechar(const QString& nome)
 {
-    if (QWidget* w = aberta(nome)) {
-        if (auto* sub = qobject_cast<QMdiSubWindow*>(w->parentWidget()))
-            sub->close();
-        else
-            w->close();
-    }
+    if (QWidget* w = aberta(nome))
+        fecharJanela(w);
 }
 
 void RegistroTelas::fecharTodas()
 {
     for (const auto& w : std::as_const(estado().abertas))
-        if (w) {
-            if (auto* sub = qobject_cast<QMdiSubWindow*>(w->parentWidget()))
-                sub->close();
-            else
-                w->close();
-        }
+        if (w)
+            fecharJanela(w);
     estado().abertas.clear();
 }
 

@@ -24,6 +24,8 @@ public:
     static QWidget* aberta(const QString& nome);
     static void fechar(const QString& nome);
     static void fecharTodas();
+    // Closes a screen with its frame in the work area, so no empty frame stays behind.
+    static void fecharJanela(QWidget* tela);
 
     static void definirAreaMdi(QMdiArea* area);
     static QMdiArea* areaMdi();
