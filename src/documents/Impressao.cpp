@@ -108,7 +108,9 @@ bool temImpressora(QWidget* pai)
 QString arquivoProposto(const QString& nome)
 {
     QString pasta = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    if (pasta.isEmpty())
+    // A fresh account may not have its documents folder yet; the file dialog would
+    // otherwise start wherever the program happens to run.
+    if (pasta.isEmpty() || !QDir().mkpath(pasta))
         pasta = QDir::homePath();
     // A name never carries a folder separator from an order's data.
     QString limpo = nome;
