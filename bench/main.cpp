@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QPrinter>
+#include <QTemporaryDir>
 #include <QSysInfo>
 #include <QThread>
 #include <QTextStream>
@@ -23,6 +25,7 @@
 #include "data/Numeracao.h"
 #include "data/Recordset.h"
 #include "data/Transacao.h"
+#include "documents/Impressora.h"
 #include "data/Sessao.h"
 #include "orders/ListasPainel.h"
 #include "registers/BuscaClientes.h"
@@ -163,6 +166,26 @@ int main(int argc, char** argv)
             RegistroTelas::fechar(QStringLiteral("OrdemServicoEntrada"));
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         }, 5);
+
+        // A pasted link or code with no space to break at, cut into lines of a sheet.
+        {
+            QPrinter pdf(QPrinter::HighResolution);
+            QTemporaryDir dir;
+            pdf.setOutputFormat(QPrinter::PdfFormat);
+            pdf.setOutputFileName(dir.filePath(QStringLiteral("quebra.pdf")));
+            Impressora p(&pdf);
+            p.iniciar();
+            QString colado;
+            while (colado.size() < 10000)
+                colado += QStringLiteral("https://loja.example/produto?codigo=ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789&");
+            colado.truncate(10000);
+            int linhas = 0;
+            m << mede("Ficha: quebrar texto sem espaços de 10.000 caracteres", 200, [&] {
+                linhas = int(p.quebrar(colado, p.width() - 400).size());
+            }, 5);
+            p.endDoc();
+            Q_UNUSED(linhas);
+        }
 
         QTextStream out(stdout);
         out << "Toldex " << TOLDEX_VERSAO << " — " << (c.motor == Motor::SQLite ? "SQLite" : "PostgreSQL") << ", "

@@ -18,7 +18,12 @@ def p(*partes, tipo="texto"):
 def campo(rotulo, valor):
     return p((rotulo + ": ", True), (valor, False))
 
+# The shop's own lines come from its configuration, so a new installation prints its
+# name on the first day.
 CABECA = [
+    p(("@NOMEEMPRESA", True), tipo="empresa"),
+    p(("@ENDERECOEMPRESA", False), tipo="empresa"),
+    p(("Telefone: @TELEFONEEMPRESA    CPF/CNPJ: @CNPJEMPRESA", False), tipo="empresa"),
     p(("Ordem de Serviço nº @OS", True), tipo="titulo"),
 ]
 CLIENTE = [
@@ -93,7 +98,6 @@ MODELOS = {
         p(("Motivo da devolução", True), tipo="secao"),
         campo("Situação", "@STATUSCONSERTO"), campo("Defeito encontrado", "@DEFEITOREAL"),
         campo("Observação", "@CAMPOOBSERVACAO"), campo("Técnico", "@NOMETECNICO"),
-        campo("Valor", "@VALORPAGAR"),
         campo("Atendido por", "@FUNCIONARIO"),
     ] + assinatura("Recebi o aparelho acima sem conserto"),
 }
@@ -111,28 +115,37 @@ ODT_ESTILOS = """<office:automatic-styles>
 <style:style style:name="Secao" style:family="paragraph"><style:paragraph-properties fo:margin-top="0.3cm" fo:margin-bottom="0.1cm" fo:border-bottom="0.5pt solid #000000"/><style:text-properties fo:font-size="12pt" fo:font-weight="bold"/></style:style>
 <style:style style:name="Texto" style:family="paragraph"><style:text-properties fo:font-size="10pt"/></style:style>
 <style:style style:name="Negrito" style:family="text"><style:text-properties fo:font-weight="bold"/></style:style>
+<style:style style:name="Empresa" style:family="paragraph"><style:paragraph-properties fo:text-align="center"/><style:text-properties fo:font-size="10pt"/></style:style>
+<style:style style:name="Valor" style:family="paragraph"><style:paragraph-properties fo:text-align="end"/><style:text-properties fo:font-size="10pt"/></style:style>
 <style:style style:name="Tabela" style:family="table"><style:table-properties style:width="17cm" table:align="margins"/></style:style>
+<style:style style:name="ColDescricao" style:family="table-column"><style:table-column-properties style:column-width="9.5cm"/></style:style>
+<style:style style:name="ColValor" style:family="table-column"><style:table-column-properties style:column-width="2.5cm"/></style:style>
 <style:style style:name="Celula" style:family="table-cell"><style:table-cell-properties fo:padding="0.05cm" fo:border="0.5pt solid #000000"/></style:style>
 </office:automatic-styles>"""
 
 def odt_paragrafo(tipo, partes):
-    estilo = {"titulo": "Titulo", "secao": "Secao", "texto": "Texto"}[tipo]
+    estilo = {"titulo": "Titulo", "secao": "Secao", "texto": "Texto", "empresa": "Empresa"}[tipo]
     corpo = ""
     for texto, negrito in partes:
         t = escape(texto).replace("  ", " <text:s/>")
         corpo += f'<text:span text:style-name="Negrito">{t}</text:span>' if negrito and tipo == "texto" else t
     return f'<text:p text:style-name="{estilo}">{corpo}</text:p>'
 
+# The description takes most of the width; amounts stand to the right; the heading row
+# repeats on every page a long budget runs onto.
 def odt_tabela(titulos):
-    cols = "".join('<table:table-column/>' for _ in titulos)
+    cols = "".join(f'<table:table-column table:style-name="{"ColDescricao" if i == 0 else "ColValor"}"/>'
+                   for i in range(len(titulos)))
     def linha(textos, negrito):
         cel = ""
-        for t in textos:
+        for i, t in enumerate(textos):
             conteudo = f'<text:span text:style-name="Negrito">{escape(t)}</text:span>' if negrito and t else escape(t)
-            cel += f'<table:table-cell table:style-name="Celula" office:value-type="string"><text:p text:style-name="Texto">{conteudo}</text:p></table:table-cell>'
+            estilo = "Texto" if i == 0 else "Valor"
+            cel += f'<table:table-cell table:style-name="Celula" office:value-type="string"><text:p text:style-name="{estilo}">{conteudo}</text:p></table:table-cell>'
         return f"<table:table-row>{cel}</table:table-row>"
     return (f'<table:table table:name="Pecas" table:style-name="Tabela">{cols}'
-            + linha(titulos, True) + linha([""] * len(titulos), False) + "</table:table>")
+            f'<table:table-header-rows>{linha(titulos, True)}</table:table-header-rows>'
+            + linha([""] * len(titulos), False) + "</table:table>")
 
 def gravar_odt(nome, itens):
     corpo = "".join(odt_tabela(i[1]) if i[0] == "tabela" else odt_paragrafo(*i) for i in itens)
@@ -161,22 +174,30 @@ def docx_run(texto, negrito, tamanho):
 
 def docx_paragrafo(tipo, partes):
     ppr = {"titulo": '<w:pPr><w:jc w:val="center"/><w:spacing w:after="200"/></w:pPr>',
+           "empresa": '<w:pPr><w:jc w:val="center"/><w:spacing w:after="0"/></w:pPr>',
            "secao": '<w:pPr><w:pBdr><w:bottom w:val="single" w:sz="4" w:space="1" w:color="000000"/></w:pBdr>'
                     '<w:spacing w:before="200" w:after="60"/></w:pPr>',
            "texto": '<w:pPr><w:spacing w:after="0"/></w:pPr>'}[tipo]
-    tamanho = {"titulo": 32, "secao": 24, "texto": 20}[tipo]
-    return f"<w:p>{ppr}" + "".join(docx_run(t, b or tipo != "texto", tamanho) for t, b in partes) + "</w:p>"
+    tamanho = {"titulo": 32, "secao": 24, "texto": 20, "empresa": 20}[tipo]
+    negrito = lambda b: b or tipo not in ("texto", "empresa")
+    return f"<w:p>{ppr}" + "".join(docx_run(t, negrito(b), tamanho) for t, b in partes) + "</w:p>"
 
 def docx_tabela(titulos):
     borda = "".join(f'<w:{l} w:val="single" w:sz="4" w:space="0" w:color="000000"/>'
                     for l in ("top", "left", "bottom", "right", "insideH", "insideV"))
-    grade = "".join('<w:gridCol w:w="2400"/>' for _ in titulos)
-    def linha(textos, negrito):
-        return "<w:tr>" + "".join(
-            f'<w:tc><w:tcPr><w:tcW w:w="2400" w:type="dxa"/></w:tcPr><w:p>{docx_run(t, negrito, 20) if t else ""}</w:p></w:tc>'
-            for t in textos) + "</w:tr>"
-    return (f'<w:tbl><w:tblPr><w:tblW w:w="9600" w:type="dxa"/><w:tblBorders>{borda}</w:tblBorders></w:tblPr>'
-            f'<w:tblGrid>{grade}</w:tblGrid>' + linha(titulos, True) + linha([""] * len(titulos), False) + "</w:tbl>")
+    larguras = [5400] + [1400] * (len(titulos) - 1)
+    grade = "".join(f'<w:gridCol w:w="{w}"/>' for w in larguras)
+    def linha(textos, negrito, cabecalho=False):
+        trpr = "<w:trPr><w:tblHeader/></w:trPr>" if cabecalho else ""
+        celulas = ""
+        for i, t in enumerate(textos):
+            ppr = '<w:pPr><w:jc w:val="right"/></w:pPr>' if i > 0 else ""
+            celulas += (f'<w:tc><w:tcPr><w:tcW w:w="{larguras[i]}" w:type="dxa"/></w:tcPr>'
+                        f'<w:p>{ppr}{docx_run(t, negrito, 20) if t else ""}</w:p></w:tc>')
+        return f"<w:tr>{trpr}{celulas}</w:tr>"
+    return (f'<w:tbl><w:tblPr><w:tblW w:w="9600" w:type="dxa"/><w:tblLayout w:type="fixed"/>'
+            f'<w:tblBorders>{borda}</w:tblBorders></w:tblPr>'
+            f'<w:tblGrid>{grade}</w:tblGrid>' + linha(titulos, True, True) + linha([""] * len(titulos), False) + "</w:tbl>")
 
 def gravar_docx(nome, itens):
     corpo = "".join(docx_tabela(i[1]) if i[0] == "tabela" else docx_paragrafo(*i) for i in itens)

@@ -29,7 +29,10 @@ QString AplicaMascara(const QString& texto, const QString& mascara)
 
 QString MascaraCpf(const QString& texto) { return AplicaMascara(texto, MascaraCpfTexto); }
 QString MascaraCnpj(const QString& texto) { return AplicaMascara(texto, MascaraCnpjTexto); }
-QString MascaraTelefone(const QString& texto) { return AplicaMascara(texto, MascaraTelefoneTexto); }
+QString MascaraTelefone(const QString& texto)
+{
+    return AplicaMascara(texto, SoDigitos(texto).size() == 11 ? MascaraCelularTexto : MascaraTelefoneTexto);
+}
 QString MascaraCep(const QString& texto) { return AplicaMascara(texto, MascaraCepTexto); }
 
 QString MascaraCnpjCpf(const QString& texto)

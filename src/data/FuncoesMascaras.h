@@ -13,6 +13,8 @@
 inline const QString MascaraCpfTexto = QStringLiteral("000-000-000/00");
 inline const QString MascaraCnpjTexto = QStringLiteral("00-000-000-0000/00");
 inline const QString MascaraTelefoneTexto = QStringLiteral("(00)0000-0000");
+// Mobile numbers have had a ninth digit since 2016: eleven digits are the DDD and nine.
+inline const QString MascaraCelularTexto = QStringLiteral("(00)00000-0000");
 inline const QString MascaraCepTexto = QStringLiteral("##-###-###");
 
 QString AplicaMascara(const QString& texto, const QString& mascara);
@@ -20,6 +22,7 @@ QString MascaraCpf(const QString& texto);
 QString MascaraCnpj(const QString& texto);
 // CnpjCpf of a record or grid cell: 11 digits are a CPF, any other length a CNPJ.
 QString MascaraCnpjCpf(const QString& texto);
+// Eleven digits take the mobile mask, any other count the fixed-line one.
 QString MascaraTelefone(const QString& texto);
 QString MascaraCep(const QString& texto);
 

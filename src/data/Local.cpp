@@ -25,6 +25,11 @@ QString pastaPrograma()
     return dados;
 }
 
+QString pastaInstalada()
+{
+    return QDir(QCoreApplication::applicationDirPath()).absoluteFilePath(QStringLiteral("../share/toldex"));
+}
+
 QString arquivoIni()
 {
     return QDir(pastaPrograma()).filePath(QStringLiteral("Toldex.ini"));

@@ -11,6 +11,9 @@ namespace Local {
 // overrides both (tests and portable installations).
 QString pastaPrograma();
 QString arquivoIni();
+// What an installation puts beside the program and never changes (the templates, the
+// version file): share/toldex next to the program's bin folder.
+QString pastaInstalada();
 
 // Reads section Local into the session (EhServidor, CaminhoBanco) and gives the store's
 // settings. With no Toldex.ini this is a first start: the program's folder holds a new

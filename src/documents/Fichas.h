@@ -103,6 +103,7 @@ private:
     };
 
     void lerEmpresa();
+    QString tituloContinuacao() const;  // the top line of page 2 and later
     void copiaUnica(Impressora& p);
     int alturaCopia(Impressora& p);
     void cabecalhoCentrado(Impressora& p);

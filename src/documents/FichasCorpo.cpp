@@ -1,6 +1,7 @@
 // The bodies of the sheets: what each one prints under the header.
 #include "data/Datas.h"
 #include "data/ErroBanco.h"
+#include "data/FuncoesMascaras.h"
 #include "data/Recordset.h"
 #include "documents/FichaLayout.h"
 #include "documents/Fichas.h"
@@ -46,7 +47,7 @@ void ImprimeFicha::fichaOrdem(Impressora& p)
     regua(p);
 
     p.setFontSize(10);
-    linha(p, {esq(QStringLiteral("Nome: ") + v("NomeCliente")), meio(QStringLiteral("Tel: ") + v("Telefone")),
+    linha(p, {esq(QStringLiteral("Nome: ") + v("NomeCliente")), meio(QStringLiteral("Tel: ") + MascaraTelefone(v("Telefone"))),
               dir(QStringLiteral("Tipo: ") + v("Tipo"))});
     regua(p);
     if (comCaixa)
@@ -213,7 +214,7 @@ void ImprimeFicha::fichaOrcamento(Impressora& p)
     linha(p, {esq(QStringLiteral("Data saída: ") + v("DataSaida")), dir(QStringLiteral("O.S: ") + os, 18)});
     regua(p);
     p.setFontSize(10);
-    linha(p, {esq(QStringLiteral("Nome: ") + v("NomeCliente")), meio(QStringLiteral("Tel: ") + v("Telefone")),
+    linha(p, {esq(QStringLiteral("Nome: ") + v("NomeCliente")), meio(QStringLiteral("Tel: ") + MascaraTelefone(v("Telefone"))),
               dir(QStringLiteral("Tipo: ") + v("Tipo"))});
     regua(p);
     linha(p, {esq(QStringLiteral("Marca: ") + v("Marca")), meio(QStringLiteral("Model: ") + v("Modelo")),
@@ -309,7 +310,9 @@ void ImprimeFicha::fichaReciboVenda(Impressora& p)
     auto cabecalho = [&] {
         p.setFontSize(10);
         esquerda(p, QStringLiteral("Página: ") + QString::number(p.pagina()));
-        col[1] = (W - p.textWidth(QStringLiteral("Cód/Prod"))) / 8.57;
+        // The place a part is kept ("Gaveta 12", "Prateleira B") reads on one line.
+        col[1] = qMax((W - p.textWidth(QStringLiteral("Cód/Prod"))) / 8.57,
+                      col[0] + p.textWidth(QStringLiteral("Prateleira 12")) + EspacoEntreCelulas);
         col[2] = (W - p.textWidth(QStringLiteral("Quant"))) / 3.7;
         col[3] = (W - p.textWidth(QStringLiteral("Descrição"))) / 2.7;
         col[4] = (W - p.textWidth(QStringLiteral("Unitário"))) / 1.15;

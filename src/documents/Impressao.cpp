@@ -5,12 +5,16 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QFileInfo>
+#include <optional>
 
 #include "data/ErroBanco.h"
 #include "data/Sessao.h"
 #include "documents/ConfigImpressao.h"
 #include "documents/Impressora.h"
+#include "documents/Visualizador.h"
 #include "ui/Dialogos.h"
 
 namespace Impressao {
@@ -101,21 +105,65 @@ bool temImpressora(QWidget* pai)
     return false;
 }
 
-bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& destino)
+QString arquivoProposto(const QString& nome)
+{
+    QString pasta = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    // A fresh account may not have its documents folder yet; the file dialog would
+    // otherwise start wherever the program happens to run.
+    if (pasta.isEmpty() || !QDir().mkpath(pasta))
+        pasta = QDir::homePath();
+    // A name never carries a folder separator from an order's data.
+    QString limpo = nome;
+    limpo.replace(QLatin1Char('/'), QLatin1Char('-')).replace(QLatin1Char('\\'), QLatin1Char('-'));
+    return QDir(pasta).filePath(limpo + QStringLiteral(".pdf"));
+}
+
+namespace {
+
+// No printer on this machine: the sheet can still be kept as a PDF or looked at.
+std::optional<Destino::Tipo> semImpressora(QWidget* pai)
+{
+    const auto r = Dialogos::mensagem(
+        pai,
+        QStringLiteral("Nenhuma impressora está instalada neste computador.\n\n"
+                       "Sim: salvar a ficha em PDF e abrir no visualizador\n"
+                       "Não: visualizar a ficha na tela\n"
+                       "Cancelar: não imprimir"),
+        QStringLiteral("Imprimir"), Dialogos::Icone::Pergunta, Dialogos::Botoes::SimNaoCancelar);
+    switch (r) {
+    case Dialogos::Resposta::Sim: return Destino::Tipo::Pdf;
+    case Dialogos::Resposta::Nao: return Destino::Tipo::Visualizar;
+    default: return std::nullopt;
+    }
+}
+
+} // namespace
+
+bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& pedidoDestino)
 {
     FichaNaSessao naSessao(pedido);
-    auto ficha = carregar(banco, pedido, destino.pai);
+    auto ficha = carregar(banco, pedido, pedidoDestino.pai);
     if (!ficha)
         return false;
     QPrinter impressora(QPrinter::HighResolution);
     prepararPagina(impressora);
 
+    Destino destino = pedidoDestino;
+    if (destino.tipo == Destino::Tipo::Impressora && !destino.escolherImpressora
+        && QPrinterInfo::availablePrinterNames().isEmpty()) {
+        const auto outro = semImpressora(destino.pai);
+        if (!outro)
+            return false;
+        destino.tipo = *outro;
+    }
+
     switch (destino.tipo) {
     case Destino::Tipo::Pdf: {
         QString arquivo = destino.arquivoPdf;
-        if (arquivo.isEmpty()) {
+        const bool escolhidoAgora = arquivo.isEmpty();
+        if (escolhidoAgora) {
             const auto escolhido = Dialogos::salvarArquivo(destino.pai, QStringLiteral("Salvar PDF"),
-                                                           QStringLiteral("Ficha.pdf"),
+                                                           arquivoProposto(destino.nomeProposto),
                                                            QStringLiteral("Documento PDF (*.pdf)"));
             if (!escolhido)
                 return false;
@@ -125,7 +173,15 @@ bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& destino)
             arquivo += QStringLiteral(".pdf");
         impressora.setOutputFormat(QPrinter::PdfFormat);
         impressora.setOutputFileName(arquivo);
-        return desenhar(*ficha, impressora, destino.pai);
+        if (!desenhar(*ficha, impressora, destino.pai))
+            return false;
+        // What the user just saved is what they want to see (and print from the viewer).
+        if (escolhidoAgora && !Visualizador::abrir(arquivo))
+            Dialogos::mensagem(destino.pai,
+                               QStringLiteral("A ficha foi salva em \"%1\", mas nenhum visualizador de PDF abriu.")
+                                   .arg(QDir::toNativeSeparators(arquivo)),
+                               QStringLiteral("Imprimir"), Dialogos::Icone::Aviso);
+        return true;
     }
     case Destino::Tipo::Visualizar: {
         if (Dialogos::Roteiro::ativo()) {

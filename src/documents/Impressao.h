@@ -13,6 +13,8 @@ struct Destino {
     QString arquivoPdf;              // Pdf: an empty name asks for one ("Salvar PDF")
     bool escolherImpressora = false; // show the printer choice before printing
     QWidget* pai = nullptr;
+    // The name "Salvar PDF" proposes, in the user's documents folder ("O.S 1234 - Entrada").
+    QString nomeProposto = QStringLiteral("Ficha");
 
     static Destino impressora(QWidget* pai = nullptr, bool escolher = false)
     {
@@ -46,5 +48,7 @@ bool imprimeVisita(Banco& banco, const FichaVisita& visita, QWidget* pai = nullp
 bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& destino);
 // "Nenhuma impressora..." when this machine has no printer at all.
 bool temImpressora(QWidget* pai);
+// Where "Salvar PDF" proposes to save a sheet: the user's documents folder.
+QString arquivoProposto(const QString& nome);
 
 }

@@ -3,6 +3,8 @@
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
 #include <QPen>
+#include <QTextLayout>
+#include <QTextOption>
 
 Impressora::Impressora(QPagedPaintDevice* dispositivo)
     : m_dispositivo(dispositivo)
@@ -70,39 +72,34 @@ int Impressora::alturaLinha() const
 
 QStringList Impressora::quebrar(const QString& texto, int largura) const
 {
-    const QFontMetricsF fm(QFont(m_fonte, m_dispositivo), m_dispositivo);
+    const QFont fonte(m_fonte, m_dispositivo);
+    const QFontMetricsF fm(fonte, m_dispositivo);
     const double limite = px(qMax(largura, 200));
     QStringList linhas;
     const QStringList paragrafos = QString(texto).replace(QLatin1String("\r\n"), QLatin1String("\n"))
                                        .replace(QLatin1Char('\r'), QLatin1Char('\n'))
                                        .split(QLatin1Char('\n'));
+    QTextOption opcao;
+    // Between words where there are any; a text without spaces (a pasted link, a serial
+    // number) is cut where the line ends. The layout measures each glyph once, so a long
+    // paste costs no more than a long sentence.
+    opcao.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     for (const QString& paragrafo : paragrafos) {
-        if (fm.horizontalAdvance(paragrafo) <= limite) {
+        if (paragrafo.isEmpty() || fm.horizontalAdvance(paragrafo) <= limite) {
             linhas << paragrafo;
             continue;
         }
-        QString atual;
-        const QStringList palavras = paragrafo.split(QLatin1Char(' '));
-        for (QString palavra : palavras) {
-            const QString tentativa = atual.isEmpty() ? palavra : atual + QLatin1Char(' ') + palavra;
-            if (fm.horizontalAdvance(tentativa) <= limite) {
-                atual = tentativa;
-                continue;
-            }
-            if (!atual.isEmpty())
-                linhas << atual;
-            // A word longer than the line (a serial number, a row of hyphens) is cut
-            // where the line ends.
-            while (fm.horizontalAdvance(palavra) > limite && palavra.size() > 1) {
-                int n = palavra.size() - 1;
-                while (n > 1 && fm.horizontalAdvance(palavra.left(n)) > limite)
-                    --n;
-                linhas << palavra.left(n);
-                palavra = palavra.mid(n);
-            }
-            atual = palavra;
+        QTextLayout layout(paragrafo, fonte, m_dispositivo);
+        layout.setTextOption(opcao);
+        layout.beginLayout();
+        for (QTextLine l = layout.createLine(); l.isValid(); l = layout.createLine()) {
+            l.setLineWidth(limite);
+            QString parte = paragrafo.mid(l.textStart(), l.textLength());
+            while (parte.endsWith(QLatin1Char(' ')))
+                parte.chop(1);
+            linhas << parte;
         }
-        linhas << atual;
+        layout.endLayout();
     }
     return linhas;
 }
@@ -182,6 +179,7 @@ void Impressora::newPage()
     ++m_pagina;
     m_x = 0;
     m_y = 0;
+    imprimirContinuacao();
     if (m_aoNovaPagina && !m_emNovaPagina) {
         m_emNovaPagina = true;
         const QFont antes = m_fonte;
@@ -190,6 +188,29 @@ void Impressora::newPage()
         aplicarFonte();
         m_emNovaPagina = false;
     }
+}
+
+void Impressora::imprimirContinuacao()
+{
+    if (m_continuacao.isEmpty())
+        return;
+    const QFont antes = m_fonte;
+    m_fonte.setPointSizeF(8);
+    m_fonte.setBold(false);
+    aplicarFonte();
+    const QString pagina = QStringLiteral("Página: %1").arg(m_pagina);
+    const int xPagina = m_largura - MargemDireita - textWidth(pagina);
+    const QFontMetricsF fm(QFont(m_fonte, m_dispositivo), m_dispositivo);
+    const QString titulo = fm.elidedText(m_continuacao, Qt::ElideRight, px(xPagina - 200 - 200));
+    if (m_pintor.isActive()) {
+        m_pintor.drawText(QPointF(px(200), px(m_y) + fm.ascent()), titulo);
+        m_pintor.drawText(QPointF(px(xPagina), px(m_y) + fm.ascent()), pagina);
+    }
+    m_y += alturaLinha();
+    line(0, m_y, m_largura, m_y);
+    m_y += alturaLinha() / 2;
+    m_fonte = antes;
+    aplicarFonte();
 }
 
 void Impressora::endDoc()

@@ -73,11 +73,15 @@ public:
     // Called right after each automatic or explicit new page, with the current point at
     // the top: a table uses it to repeat its heading.
     void aoNovaPagina(std::function<void()> f) { m_aoNovaPagina = std::move(f); }
+    // A line at the top of page 2 and later: whose sheet it is, with "Página: n" at the
+    // right. Empty for none.
+    void setContinuacao(const QString& titulo) { m_continuacao = titulo; }
 
 private:
     double px(int twips) const { return twips * m_resolucao / double(TwipsPorPolegada); }
     int twips(double px) const { return qRound(px * TwipsPorPolegada / m_resolucao); }
     void aplicarFonte();
+    void imprimirContinuacao();
 
     QPagedPaintDevice* m_dispositivo;
     QPainter m_pintor;
@@ -91,4 +95,5 @@ private:
     bool m_emNovaPagina = false;
     bool m_simular = false;
     std::function<void()> m_aoNovaPagina;
+    QString m_continuacao;
 };

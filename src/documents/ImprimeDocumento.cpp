@@ -2,6 +2,8 @@
 
 #include <QPrinter>
 
+#include "data/Banco.h"
+#include "data/ErroBanco.h"
 #include "data/Sessao.h"
 #include "documents/ConfigImpressao.h"
 #include "documents/ImprimeWord.h"
@@ -34,6 +36,25 @@ const DocumentoOrdem& doCadastroCompleto(int fichaTipo)
 
 }
 
+namespace {
+
+// "O.S 1234 - Entrada": the order's number as the counter knows it, and the document.
+QString nomeDoArquivo(Banco& banco, const DocumentoOrdem& documento, qint64 codOsAut)
+{
+    QString numero = QString::number(codOsAut);
+    try {
+        const QVariant codOs = banco.escalar(QStringLiteral("SELECT CodOs FROM OrdemServico WHERE CodOsAut = ?"),
+                                             {codOsAut});
+        if (!codOs.isNull())
+            numero = codOs.toString();
+    } catch (const ErroBanco&) {
+        // Only the proposed name suffers; the sheet itself reports a store that failed.
+    }
+    return QStringLiteral("O.S %1 - %2").arg(numero, documento.nome);
+}
+
+} // namespace
+
 bool ImprimeDocumento(Banco& banco, const DocumentoOrdem& documento, qint64 codOsAut, QWidget* pai,
                       Destino::Tipo destino)
 {
@@ -48,6 +69,7 @@ bool ImprimeDocumento(Banco& banco, const DocumentoOrdem& documento, qint64 codO
         pedido.codOsAut = codOsAut;
         pedido.copias = ConfigImpressao::copias(documento.chaveCopias);
         Destino d{destino, {}, dialogo, pai};
+        d.nomeProposto = nomeDoArquivo(banco, documento, codOsAut);
         return Impressao::imprimir(banco, pedido, d);
     }
 

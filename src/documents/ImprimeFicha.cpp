@@ -6,6 +6,7 @@
 #include "data/Banco.h"
 #include "data/Datas.h"
 #include "data/Funcoes.h"
+#include "data/FuncoesMascaras.h"
 #include "data/Recordset.h"
 #include "data/Sessao.h"
 #include "documents/ConfigImpressao.h"
@@ -66,8 +67,12 @@ void ImprimeFicha::lerEmpresa()
     auto tamanho = [&](const char* coluna, double padrao) {
         return e.nulo(QLatin1String(coluna)) ? padrao : double(e.inteiro(QLatin1String(coluna)));
     };
-    auto par = [&](const char* a, const char* b) {
-        return e.texto(QLatin1String(a)) + QLatin1Char('-') + e.texto(QLatin1String(b));
+    // An e-mail or a phone the shop left empty takes its "-" with it: no dangling dash,
+    // and a pair with neither prints no line at all.
+    auto par = [&](const char* a, const char* telefone) {
+        QStringList partes = {e.texto(QLatin1String(a)), MascaraTelefone(e.texto(QLatin1String(telefone)))};
+        partes.removeAll(QString());
+        return partes.join(QLatin1Char('-'));
     };
     QString imposto;
     const QString doc = e.texto(QStringLiteral("CpfCnpj"));
@@ -266,8 +271,6 @@ void ImprimeFicha::cabecalhoCentrado(Impressora& p)
         p.setFontSize(l.tamanho);
         if (l.imprime && !l.texto.isEmpty())
             imprimeAlinhado(p, l.texto, Alinhamento::Centro, margem);
-        else if (l.imprime)
-            p.print();
         if (i == 2 && comLogo)
             p.paintPicture(m_logo, LogoX, topo + LogoY - 240, LogoLargura, LogoAltura);
     }
@@ -290,7 +293,7 @@ void ImprimeFicha::cabecalhoCompacto(Impressora& p)
     // Beside the logo the lines start after it instead of at 100, so they don't cover it.
     const int x = comLogo ? LogoX + LogoLargura + 100 : 100;
     for (const Linha& l : m_cabecalho) {
-        if (!l.imprime)
+        if (!l.imprime || l.texto.isEmpty())
             continue;
         p.setCurrentX(x);
         p.print(l.texto);
@@ -303,8 +306,26 @@ void ImprimeFicha::cabecalhoCompacto(Impressora& p)
 
 // ---- the job ----
 
+QString ImprimeFicha::tituloContinuacao() const
+{
+    if (m_ordem)
+        return QStringLiteral("O.S: %1 - %2")
+            .arg(m_ordem->inteiro(QStringLiteral("CodOs")))
+            .arg(m_ordem->texto(QStringLiteral("NomeCliente")));
+    switch (m_pedido.tipo) {
+    case TipoFicha::Visita:
+        return QStringLiteral("O.S: %1 - %2").arg(m_pedido.visita.codManu).arg(m_pedido.visita.cliente);
+    case TipoFicha::Cliente: return m_pedido.cliente.nome;
+    case TipoFicha::ReciboCompleto:
+    case TipoFicha::ReciboCompacto: return m_pedido.recebimento.cliente;
+    default: return {};  // the sale receipt numbers its pages itself
+    }
+}
+
 void ImprimeFicha::imprimir(Impressora& p)
 {
+    // A page that comes loose from the others still says whose it is.
+    p.setContinuacao(tituloContinuacao());
     p.print();
     const int copias = qMax(1, m_pedido.copias);
     for (int copia = 1; copia <= copias; ++copia) {

@@ -1,7 +1,6 @@
 #include "documents/ImprimeWord.h"
 
 #include <QCoreApplication>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
@@ -13,11 +12,14 @@
 
 #include "data/Banco.h"
 #include "data/Datas.h"
+#include "data/FuncoesMascaras.h"
 #include "data/Local.h"
 #include "data/Recordset.h"
 #include "data/Sessao.h"
 #include "documents/DocumentoModelo.h"
+#include "documents/FichaLayout.h"
 #include "documents/Impressao.h"
+#include "documents/Visualizador.h"
 #include "ui/Dialogos.h"
 
 namespace ImprimeWord {
@@ -26,20 +28,9 @@ namespace {
 
 const QString TituloErro = QStringLiteral("Erro ao gerar o documento");
 
-std::function<bool(const QString&)>& abridor()
+QString umaLinha(const QString& t)
 {
-    static std::function<bool(const QString&)> f = [](const QString& arquivo) {
-        return QDesktopServices::openUrl(QUrl::fromLocalFile(arquivo));
-    };
-    return f;
-}
-
-QString umaLinha(QString t)
-{
-    t.replace(QLatin1String("\r\n"), QLatin1String(" "));
-    t.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    t.replace(QLatin1Char('\r'), QLatin1Char(' '));
-    return t;
+    return FichaLayout::semQuebras(t, QStringLiteral(" "));
 }
 
 void avisar(QWidget* pai, const QString& texto)
@@ -65,14 +56,29 @@ QString programaOffice()
     return {};
 }
 
+QString emLinha(const QString& t)
+{
+    return FichaLayout::semQuebras(t, QStringLiteral(" - "));
+}
+
 } // namespace
 
-void definirAbridor(std::function<bool(const QString&)> f)
+Marcas marcasEmpresa(Banco& banco)
 {
-    abridor() = f ? std::move(f) : [](const QString& arquivo) {
-        return QDesktopServices::openUrl(QUrl::fromLocalFile(arquivo));
+    Recordset e(banco);
+    e.abrir(QStringLiteral("Empresa"));
+    const bool tem = !e.eof();
+    auto t = [&](const char* coluna) { return tem ? e.texto(QLatin1String(coluna)) : QString(); };
+    const QString doc = t("CpfCnpj");
+    return {
+        {QStringLiteral("@NOMEEMPRESA"), t("NomeEmpresa")},
+        {QStringLiteral("@ENDERECOEMPRESA"), emLinha(t("EnderecoEmpresa"))},
+        {QStringLiteral("@TELEFONEEMPRESA"), MascaraTelefone(t("Telefone"))},
+        {QStringLiteral("@CNPJEMPRESA"), doc.isEmpty() ? QString() : MascaraCnpjCpf(doc)},
     };
 }
+
+void definirAbridor(std::function<bool(const QString&)> f) { Visualizador::definir(std::move(f)); }
 
 QString pastaDocumentos()
 {
@@ -83,9 +89,11 @@ QString pastaDocumentos()
 QString modeloPadrao(const QString& nomeArquivo)
 {
     const QString base = sessao().PastaPrograma.isEmpty() ? Local::pastaPrograma() : sessao().PastaPrograma;
-    // Beside the program when installed; in the source tree while it is being built.
+    // The shop's copy beside its settings, then the installed ones; in the source tree
+    // while the program is being built.
     for (const QString& pasta : {QDir(base).filePath(QStringLiteral("modelos")),
                                  QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("modelos")),
+                                 QDir(Local::pastaInstalada()).filePath(QStringLiteral("modelos")),
                                  QDir(QStringLiteral(TOLDEX_FONTE_DIR)).filePath(QStringLiteral("modelos"))}) {
         const QString p = QDir(pasta).filePath(nomeArquivo);
         if (QFileInfo::exists(p))
@@ -101,9 +109,11 @@ Marcas marcas(const Recordset& o, const QDate& hoje)
     auto data = [&](const char* c) { return Datas::bancoParaTela(t(c)); };
     const bool fabrica = o.flag(QStringLiteral("Fabrica"));
     const bool garantia = o.flag(QStringLiteral("Garantia"));
+    // A line break inside the address reads " - ", as the sheets print it.
     const QString endereco = t("Endereco").isEmpty()
         ? QString()
-        : t("Endereco") + QLatin1Char('-') + t("Ncasa") + QLatin1Char('-') + t("Bairro") + QLatin1Char('-') + t("Cidade");
+        : emLinha(t("Endereco") + QLatin1Char('-') + t("Ncasa") + QLatin1Char('-') + t("Bairro") + QLatin1Char('-')
+                  + t("Cidade"));
     const QString os = o.nulo(QStringLiteral("CodOs")) ? QString() : QString::number(o.inteiro(QStringLiteral("CodOs")));
     // "XXXXX" crosses out a line of the shop's form; the other two tags just vanish.
     return {
@@ -117,8 +127,8 @@ Marcas marcas(const Recordset& o, const QDate& hoje)
         {QStringLiteral("@CODIGOCLIENTE"), t("CodCliente")},
         {QStringLiteral("@NOMECLIENTE"), t("NomeCliente")},
         {QStringLiteral("@ENDERECOCLIENTE"), endereco},
-        {QStringLiteral("@TELEFONECLIENTE"), t("Telefone")},
-        {QStringLiteral("@CELULARCLIENTE"), t("Celular")},
+        {QStringLiteral("@TELEFONECLIENTE"), MascaraTelefone(t("Telefone"))},
+        {QStringLiteral("@CELULARCLIENTE"), MascaraTelefone(t("Celular"))},
         {QStringLiteral("@TIPOPRODUTO"), t("Tipo")},
         {QStringLiteral("@MARCAPRODUTO"), t("Marca")},
         {QStringLiteral("@MODELOPRODUTO"), t("Modelo")},
@@ -175,7 +185,7 @@ std::optional<QString> gerar(Banco& banco, const Pedido& pedido, QWidget* pai)
             avisar(pai, erro);
             return std::nullopt;
         }
-        for (const auto& [marca, valor] : marcas(ordem))
+        for (const auto& [marca, valor] : marcas(ordem) + marcasEmpresa(banco))
             doc.trocar(marca, valor);
         if (pedido.orcamento) {
             Recordset pecas(banco);
@@ -238,7 +248,7 @@ bool abrirParaEditar(const QString& arquivo, qint64 codOs, QWidget* pai)
                                 .arg(QDir::toNativeSeparators(salvo)));
         }
     }
-    if (!abridor()(aberto)) {
+    if (!Visualizador::abrir(aberto)) {
         avisar(pai, QStringLiteral("Não foi possível abrir o documento \"%1\".\nNenhum programa para editar "
                                    "documentos foi encontrado.").arg(QDir::toNativeSeparators(aberto)));
         return false;

@@ -21,6 +21,11 @@ using Marcas = QList<QPair<QString, QString>>;
 // The tag table of an order row, in the order the tags are replaced.
 Marcas marcas(const Recordset& ordem, const QDate& hoje = QDate::currentDate());
 
+// The shop's own tags, from its configuration (the one row of Empresa), so that the
+// templates shipped with the program carry the shop's name from the first day:
+// @NOMEEMPRESA, @ENDERECOEMPRESA, @TELEFONEEMPRESA, @CNPJEMPRESA.
+Marcas marcasEmpresa(Banco& banco);
+
 struct Pedido {
     qint64 codOsAut = 0;
     QString modelo;          // the template's path

@@ -218,8 +218,8 @@ void OrdemServicoEntrada::mostra(const Ordem& o)
     poe(m_ncasa, o.Ncasa);
     poe(m_bairro, o.Bairro);
     poe(m_cidade, o.Cidade);
-    poe(m_telefone, o.Telefone);
-    poe(m_celular, o.Celular);
+    poe(m_telefone, MascaraTelefone(o.Telefone));
+    poe(m_celular, MascaraTelefone(o.Celular));
     poe(m_codCliente, o.CodCliente);
     m_tipo->setEditText(o.Tipo);
     poe(m_valorPorcentagem, o.ValorPorcentagem.texto());
@@ -263,8 +263,8 @@ void OrdemServicoEntrada::poeCliente(const EntradaRegras::ClienteBalcao& c)
     Campos::poeTexto(m_ncasa, c.Numero);
     Campos::poeTexto(m_bairro, c.Bairro);
     Campos::poeTexto(m_cidade, c.Cidade);
-    Campos::poeTexto(m_telefone, c.Telefone);
-    Campos::poeTexto(m_celular, c.Celular);
+    Campos::poeTexto(m_telefone, MascaraTelefone(c.Telefone));
+    Campos::poeTexto(m_celular, MascaraTelefone(c.Celular));
     if (!c.CnpjCpf.isEmpty()) {
         Campos::poeTexto(m_cpf, MascaraCnpjCpf(c.CnpjCpf));
         m_cpfChecado = Campos::texto(m_cpf);
@@ -519,8 +519,8 @@ Ordem OrdemServicoEntrada::ordemDosCampos(bool* ok)
     o.Ncasa = t(m_ncasa);
     o.Bairro = t(m_bairro);
     o.Cidade = t(m_cidade);
-    o.Telefone = t(m_telefone);
-    o.Celular = t(m_celular);
+    o.Telefone = CamposDocumento::paraGravar(t(m_telefone), MascaraTelefone);
+    o.Celular = CamposDocumento::paraGravar(t(m_celular), MascaraTelefone);
     o.CodCliente = t(m_codCliente);
     o.Tipo = textoCombo(m_tipo, PromptTipo);
     o.ValorPorcentagem = *comissao;
@@ -661,11 +661,11 @@ void OrdemServicoEntrada::excluirOrdem()
     emit excluiu();
 }
 
-void OrdemServicoEntrada::imprimir()
+void OrdemServicoEntrada::imprimir(Destino::Tipo destino)
 {
     if (m_ordem.nova())
         return;
-    ImprimeDocumento(*banco(), DocumentosOrdem::Entrada, m_ordem.CodOsAut, this);
+    ImprimeDocumento(*banco(), DocumentosOrdem::Entrada, m_ordem.CodOsAut, this, destino);
 }
 
 void OrdemServicoEntrada::pedirVisita()

@@ -1,6 +1,7 @@
 #pragma once
 #include <QVariantMap>
 
+#include "documents/Impressao.h"
 #include "orders/Ordem.h"
 #include "orders/OrdemServicoEntradaRegras.h"
 #include "orders/RecusaOrdem.h"
@@ -43,7 +44,7 @@ public:
     void botaoSalvar();
     bool salvarOrdem();
     void excluirOrdem();
-    void imprimir();
+    void imprimir(Destino::Tipo destino = Destino::Tipo::Impressora);
     void pedirVisita();
 
 protected:

@@ -21,6 +21,8 @@
 #include "data/Sessao.h"
 #include "orders/CatalogosOrdem.h"
 #include "orders/NumeroOrdem.h"
+#include "documents/MenuImpressao.h"
+#include "registers/CamposDocumento.h"
 #include "registers/PesquisaCliente.h"
 #include "ui/Campos.h"
 #include "ui/Dialogos.h"
@@ -58,6 +60,8 @@ void OrdemServicoEntrada::montaTela()
     m_cidade = linha();
     m_telefone = linha();
     m_celular = linha();
+    CamposDocumento::preparaTelefone(m_telefone);
+    CamposDocumento::preparaTelefone(m_celular);
     m_codCliente = linha();
     m_codCliente->setReadOnly(true);
     m_codCliente->setFocusPolicy(Qt::NoFocus);
@@ -161,8 +165,10 @@ void OrdemServicoEntrada::montaTela()
     g->addWidget(rotulo(QStringLiteral("Sintoma")), r, 2, Qt::AlignTop);
     auto* sint = new QVBoxLayout;
     sint->addWidget(m_sintoma);
+    // The defect's name gets the whole width: beside the long prompt of the code box it
+    // was squeezed to a few letters.
+    sint->addWidget(m_comboDef);
     auto* linhaDef = new QHBoxLayout;
-    linhaDef->addWidget(m_comboDef, 3);
     linhaDef->addWidget(m_rotuloCodigoDef);
     linhaDef->addWidget(m_codigoDef, 1);
     sint->addLayout(linhaDef);
@@ -184,7 +190,8 @@ void OrdemServicoEntrada::montaTela()
     adicionaBotao(QStringLiteral("Sin&toma"), QStringLiteral("Mostra o catálogo de defeitos"));
     auto* b7 = adicionaBotao(QString(), QStringLiteral("Esconde o catálogo de defeitos"));
     b7->setIcon(style()->standardIcon(QStyle::SP_DialogCloseButton));
-    connect(botao(2), &QPushButton::clicked, this, &OrdemServicoEntrada::imprimir);
+    connect(botao(2), &QPushButton::clicked, this, [this] { imprimir(); });
+    MenuImpressao::preparar(botao(2), [this](Destino::Tipo d) { imprimir(d); });
     connect(botao(4), &QPushButton::clicked, this, [this] {
         auto* p = PesquisaCliente::abrirPara(PesquisaCliente::Chamador::EntradaOs, [this](const QSqlRecord& c) {
             if (auto cli = EntradaRegras::clientePorCodigo(*banco(), c.value(QStringLiteral("CodCliente")).toString()))

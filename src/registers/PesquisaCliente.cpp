@@ -87,7 +87,7 @@ void PesquisaCliente::defineChamador(Chamador chamador, Retorno retorno)
     definirChamador(nomeFlag(chamador), [this, retorno](const QSqlRecord& cliente) {
         if (retorno)
             retorno(cliente);
-        close();
+        RegistroTelas::fecharJanela(this);
     });
     if (chamador == Chamador::EntradaOs || chamador == Chamador::CadCompleto)
         escolheOpcao(1);
@@ -149,7 +149,7 @@ void PesquisaCliente::acaoPadrao(const QSqlRecord& cliente)
     if (cadastro)
         cadastro->mostraCliente(cliente.value(QStringLiteral("CodCliente")).toString(),
                                 cliente.value(QStringLiteral("NomeCliente")).toString());
-    close();
+    RegistroTelas::fecharJanela(this);
 }
 
 TOLDEX_REGISTRA_TELA(PesquisaCliente)

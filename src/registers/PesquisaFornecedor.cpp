@@ -24,6 +24,10 @@ PesquisaFornecedor::PesquisaFornecedor(QWidget* pai) : TelaPesquisa(pai)
                {QStringLiteral("NomeVendedor"), QStringLiteral("Vendedor"), 170},
                {QStringLiteral("Produto"), QStringLiteral("Produtos"), 220}};
     m_ordemChamadores = {nomeFlag(Chamador::Produto), nomeFlag(Chamador::PedidoPeca)};
+    // A box to find a supplier by any part of its name, and room for the four columns
+    // when the work area would size the window by its contents alone.
+    m_opcoes << Opcao{QStringLiteral("Empresa"), QStringLiteral("NomeEmpresa"), true};
+    setMinimumSize(720, 440);
     if (iniciar())
         listaTodos();
 }
@@ -41,7 +45,7 @@ void PesquisaFornecedor::defineChamador(Chamador chamador, Retorno retorno)
     definirChamador(nomeFlag(chamador), [this, retorno](const QSqlRecord& f) {
         if (retorno)
             retorno(f);
-        close();
+        RegistroTelas::fecharJanela(this);
     });
 }
 
@@ -51,7 +55,7 @@ void PesquisaFornecedor::acaoPadrao(const QSqlRecord& f)
     if (cadastro)
         cadastro->mostraFornecedor(f.value(QStringLiteral("CodFornecedor")).toString(),
                                    f.value(QStringLiteral("NomeEmpresa")).toString());
-    close();
+    RegistroTelas::fecharJanela(this);
 }
 
 TOLDEX_REGISTRA_TELA(PesquisaFornecedor)

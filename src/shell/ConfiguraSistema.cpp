@@ -858,6 +858,24 @@ void ConfiguraSistema::adicionaLinha(int indice, bool alterar)
     }
     grade->setCurrentCell(r, 0);
     marcaAlterado();
+    if (!alterar) {
+        // Ready for the next entry: a list is usually typed in one go.
+        QWidget* primeira = nullptr;
+        for (int k = 0; k < c.colunas.size(); ++k) {
+            const Dados::ColunaCatalogo& col = c.colunas[k];
+            if (col.tipo == Dados::TipoColuna::Flag) {
+                controle<QCheckBox>(nomeIdx(QStringLiteral("Chk") + c.nome, k))->setChecked(false);
+                continue;
+            }
+            const bool dinheiro = col.tipo == Dados::TipoColuna::Dinheiro;
+            auto* t = controle<QLineEdit>(nomeIdx((dinheiro ? QStringLiteral("TxtValor") : QStringLiteral("Txt")) + c.nome, k));
+            t->clear();
+            if (!primeira)
+                primeira = t;
+        }
+        if (primeira)
+            primeira->setFocus();
+    }
 }
 
 void ConfiguraSistema::removeLinha(int indice)

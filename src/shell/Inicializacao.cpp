@@ -9,6 +9,7 @@
 #include "data/Conexoes.h"
 #include "data/Sessao.h"
 #include "maintenance/ArrumacaoInicial.h"
+#include "shell/PrimeiraPartida.h"
 #include "shell/Principal.h"
 #include "shell/Reconecta.h"
 #include "ui/Dialogos.h"
@@ -28,6 +29,8 @@ bool Inicializacao::iniciar()
     // The windows come and go in turn (first window, reconnection, main window): the
     // program ends when the main window does, or when the start can't go on.
     QApplication::setQuitOnLastWindowClosed(false);
+    if (PrimeiraPartida::perguntar() == PrimeiraPartida::Papel::Cancelado)
+        return false;
     Conexoes::configurar(Reconexao::configAtual());
     Reconexao::instalar();
 

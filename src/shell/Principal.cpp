@@ -227,8 +227,10 @@ void Principal::acionar(const Acao& a)
     }
     if (a.alvo == QLatin1String("MenuLateral"))
         mostrarMenuLateral();
-    else if (a.alvo == QLatin1String("MnuSic"))
+    else if (a.alvo == QLatin1String("MnuSic")) {
+        m_versaoPedida = true;
         verificarVersao();
+    }
     else if (a.alvo == QLatin1String("mnusair"))
         close();
 }
@@ -249,6 +251,30 @@ void Principal::aoVerificar(VerificaVersao::Resultado resultado)
 {
     if (resultado == VerificaVersao::Resultado::NovaVersao)
         m_aviso->mostrarNovaVersao(VerificaVersao::versaoInstalada(), m_versao->remota());
+    // The check at start is silent; one asked for from the menu always answers.
+    if (!m_versaoPedida)
+        return;
+    m_versaoPedida = false;
+    QString texto;
+    switch (resultado) {
+    case VerificaVersao::Resultado::NovaVersao: return;
+    case VerificaVersao::Resultado::SemEndereco:
+        texto = QStringLiteral("Nenhum endereço de atualização está configurado neste computador.\n"
+                               "Informe-o no arquivo Toldex.ini, seção [Atualizacao], chave Endereco.");
+        break;
+    case VerificaVersao::Resultado::SemVersaoLocal:
+        texto = QStringLiteral("Não foi encontrado o arquivo Versao.txt na pasta do programa; "
+                               "a versão instalada não pode ser comparada.");
+        break;
+    case VerificaVersao::Resultado::Falhou:
+        texto = QStringLiteral("Não foi possível consultar o endereço de atualização.\n"
+                               "Verifique a conexão com a internet e tente novamente.");
+        break;
+    case VerificaVersao::Resultado::EmDia:
+        texto = QStringLiteral("O Toldex já está na versão mais nova (%1).").arg(VerificaVersao::versaoInstalada());
+        break;
+    }
+    Dialogos::mensagem(this, texto, QStringLiteral("Atualizar Toldex"));
 }
 
 void Principal::sessaoMudou(const QString& sufixo)

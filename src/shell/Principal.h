@@ -83,4 +83,5 @@ private:
     QList<QPair<QAction*, Acoes::Acao>> m_acoes;
     QString m_testeOk;
     bool m_encerrando = false;
+    bool m_versaoPedida = false;  // the user asked from the menu: tell the outcome
 };

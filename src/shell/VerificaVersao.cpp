@@ -29,6 +29,9 @@ VerificaVersao::VerificaVersao(QObject* pai)
 QString VerificaVersao::versaoInstalada(bool* existe)
 {
     QFile f(QDir(Local::pastaPrograma()).filePath(QStringLiteral("Versao.txt")));
+    // An installed program keeps its version file with its other read-only files.
+    if (!f.exists())
+        f.setFileName(QDir(Local::pastaInstalada()).filePath(QStringLiteral("Versao.txt")));
     const bool ok = f.open(QIODevice::ReadOnly);
     if (existe)
         *existe = ok;

@@ -4,12 +4,14 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QGuiApplication>
+#include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QQueue>
+#include <memory>
 
 namespace Dialogos {
 
@@ -35,7 +37,7 @@ bool roteirizado()
 
 void registra(const QString& tipo, const QString& titulo, const QString& texto)
 {
-    estado().registros.append({tipo, titulo, texto});
+    estado().registros.append({tipo, titulo, texto, {}});
 }
 
 std::optional<QVariant> proxima()
@@ -122,21 +124,41 @@ void erro(QWidget* pai, const QString& titulo, const QString& descricao, int num
     mensagem(pai, QStringLiteral("Erro nº %1\n%2").arg(numero).arg(descricao), titulo, Icone::Critico);
 }
 
+namespace {
+
+std::unique_ptr<QInputDialog> montarEntrada(QWidget* pai, const QString& texto, const QString& titulo,
+                                            const QString& padraoTexto, bool senha)
+{
+    auto d = std::make_unique<QInputDialog>(pai);
+    d->setWindowTitle(titulo);
+    d->setLabelText(texto);
+    d->setTextValue(padraoTexto);
+    d->setTextEchoMode(senha ? QLineEdit::Password : QLineEdit::Normal);
+    return d;
+}
+
+QStringList textosDosBotoes(const QInputDialog* janela)
+{
+    return {janela->okButtonText(), janela->cancelButtonText()};
+}
+
+} // namespace
+
 std::optional<QString> entrada(QWidget* pai, const QString& texto, const QString& titulo, const QString& padraoTexto, bool senha)
 {
     registra(QStringLiteral("entrada"), titulo, texto);
+    auto janela = montarEntrada(pai, texto, titulo, padraoTexto, senha);
     if (roteirizado()) {
+        // Built but never shown: a test still sees the buttons the user would.
+        estado().registros.last().botoes = textosDosBotoes(janela.get());
         auto v = proxima();
         if (!v || !v->isValid())
             return std::nullopt;
         return v->toString();
     }
-    bool ok = false;
-    const QString r = QInputDialog::getText(pai, titulo, texto, senha ? QLineEdit::Password : QLineEdit::Normal,
-                                            padraoTexto, &ok);
-    if (!ok)
+    if (janela->exec() != QDialog::Accepted)
         return std::nullopt;
-    return r;
+    return janela->textValue();
 }
 
 namespace {

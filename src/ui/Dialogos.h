@@ -1,6 +1,7 @@
 #pragma once
 #include <QColor>
 #include <QList>
+#include <QStringList>
 #include <QString>
 #include <QVariant>
 #include <optional>
@@ -39,6 +40,7 @@ struct Registro {
     QString tipo;    // "mensagem", "pergunta", "entrada", "abrir", "salvar", "pasta", "impressora", "cor"
     QString titulo;
     QString texto;
+    QStringList botoes;  // the buttons the real window would show, as it would label them
 };
 
 // Test scripting.

@@ -83,25 +83,25 @@ QWidget* RegistroTelas::abrir(const QString& nome)
     return w;
 }
 
+bool RegistroTelas::fecharJanela(QWidget* w)
+{
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(w->parentWidget()))
+        return sub->close();
+    return w->close();
+}
+
 bool RegistroTelas::fechar(const QString& nome)
 {
-    if (QWidget* w = aberta(nome)) {
-        if (auto* sub = qobject_cast<QMdiSubWindow*>(w->parentWidget()))
-            return sub->close();
-        return w->close();
-    }
+    if (QWidget* w = aberta(nome))
+        return fecharJanela(w);
     return true;
 }
 
 void RegistroTelas::fecharTodas()
 {
     for (const auto& w : std::as_const(estado().abertas))
-        if (w) {
-            if (auto* sub = qobject_cast<QMdiSubWindow*>(w->parentWidget()))
-                sub->close();
-            else
-                w->close();
-        }
+        if (w)
+            fecharJanela(w);
     estado().abertas.clear();
 }
 

@@ -25,6 +25,9 @@ public:
     // False when the screen refused to close (a question answered Cancel, a save refused).
     static bool fechar(const QString& nome);
     static void fecharTodas();
+    // Closes a screen with its frame in the work area, so no empty frame stays behind;
+    // false when the screen refused to close.
+    static bool fecharJanela(QWidget* tela);
 
     static void definirAreaMdi(QMdiArea* area);
     static QMdiArea* areaMdi();

@@ -20,7 +20,10 @@ private slots:
                                                                << "1234-567-890-1234/56";
         QTest::newRow("telefone") << "telefone" << "1123456789" << "(11)2345-6789";
         QTest::newRow("telefone sem ddd completa com zeros") << "telefone" << "23456789" << "(00)2345-6789";
-        QTest::newRow("digito a mais vai para a frente da mascara") << "telefone" << "11987654321" << "1(19)8765-4321";
+        QTest::newRow("celular de onze digitos") << "telefone" << "19991234567" << "(19)99123-4567";
+        QTest::newRow("fixo de dez digitos") << "telefone" << "1932221111" << "(19)3222-1111";
+        QTest::newRow("digito a mais vai para a frente da mascara") << "telefone" << "119876543210"
+                                                                    << "11(98)7654-3210";
         QTest::newRow("telefone ja com pontuacao fica como esta") << "telefone" << "(11)2345-6789"
                                                                   << "(11)2345-6789";
         QTest::newRow("cep") << "cep" << "12345678" << "12-345-678";

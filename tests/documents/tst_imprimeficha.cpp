@@ -1,5 +1,6 @@
 #include <QImage>
 #include <QPrinterInfo>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -7,6 +8,8 @@
 #include "data/Sessao.h"
 #include "documents/ApoioDocumentos.h"
 #include "documents/Impressao.h"
+#include "documents/ImprimeDocumento.h"
+#include "documents/Visualizador.h"
 #include "ui/Dialogos.h"
 
 using namespace apoio;
@@ -87,6 +90,16 @@ private slots:
             << QStringList{"Eletrônica Conserta Já", "sac@consertaja", "C.N.P.J"};
         QTest::newRow("empty CPF/CNPJ prints no tax line")
             << QVariantMap{{"CpfCnpj", ""}} << QStringList{"vendas@consertaja.com.br"} << QStringList{"C.N.P.J", "C.P.F", "I.E:"};
+        QTest::newRow("empty SAC prints no dash line")
+            << QVariantMap{{"EmailSac", ""}, {"TelSAC", ""}} << QStringList{"suporte@consertaja.com.br-(11)4321-0002"}
+            << QStringList{"\n-\n", "sac@"};
+        QTest::newRow("phone alone keeps no dash, digits take the mobile mask")
+            << QVariantMap{{"EmailSac", ""}, {"TelSAC", "19991234567"}} << QStringList{"\n(19)99123-4567\n"}
+            << QStringList{"-(19)99123-4567"};
+        QTest::newRow("e-mail alone keeps no dash, fixed line digits masked")
+            << QVariantMap{{"TelSuporte", ""}, {"TelVendas", "1932221111"}}
+            << QStringList{"\nsuporte@consertaja.com.br\n", "vendas@consertaja.com.br-(19)3222-1111"}
+            << QStringList{"suporte@consertaja.com.br-"};
         QTest::newRow("entry message off") << QVariantMap{{"ImpriMenEntrada", 0}} << QStringList{"Sintoma:"}
                                            << QStringList{"não retirados em 90 dias"};
     }
@@ -155,7 +168,7 @@ private slots:
         const qint64 chave = inserirOrdem(l.banco.banco(), {{"ChamadoTecnico", -1}, {"Endereco", "Rua A\nfundos"}});
         const QString pdf = imprimirOrdem(l, TipoFicha::Entrada, chave, 1, QStringLiteral("entrada"));
         const QString t = textoPdf(pdf);
-        for (const char* s : {"Data entrada: 20/11/2026", "Nome: Maria da Conceição", "Tel: 1133334444", "Tipo: Televisor",
+        for (const char* s : {"Data entrada: 20/11/2026", "Nome: Maria da Conceição", "Tel: (11)3333-4444", "Tipo: Televisor",
                               "Marca: Semp", "Model: TL-32", "Cor: Preto", "Série: SN998877", "Certficado: C-77",
                               "N.F: NF-555", "Data N.F: 10/01/2026", "Revendedor: Loja Ponto Certo",
                               "Estado Aparelho: Riscos na tampa", "Acessório: Controle remoto",
@@ -262,6 +275,13 @@ private slots:
             QVERIFY(t.contains(QStringLiteral("P%1").arg(i, 4, 10, QLatin1Char('0'))));
         // The heading repeats on every page the table runs onto.
         QVERIFY(t.count(QStringLiteral("Unitário")) >= paginas);
+        // Every page after the first says whose order it is and which page.
+        const QStringList folhas = t.split(QLatin1Char('\f'));
+        QVERIFY(!folhas.at(0).contains(QStringLiteral("Página:")));
+        for (int i = 1; i < paginas; ++i) {
+            QVERIFY2(folhas.at(i).contains(QStringLiteral("O.S: 4711 - Maria da Conceição")), qPrintable(folhas.at(i)));
+            QVERIFY(folhas.at(i).contains(QStringLiteral("Página: %1").arg(i + 1)));
+        }
         QVERIFY(t.contains(QStringLiteral("Mão de obra :")));
         QCOMPARE(defeitosDeLayout(pdf), QString());
     }
@@ -282,6 +302,23 @@ private slots:
         QVERIFY(t.contains(QStringLiteral("observação%1").arg(obs.count(QLatin1Char(' ')) - 1)));
         QCOMPARE(t.count(QStringLiteral("Valor Total: 1.234,56")), 2);
         QCOMPARE(defeitosDeLayout(pdf), QString());
+    }
+
+    void textoSemEspacosQuebra()
+    {
+        // A pasted link of 10,000 characters: cut where each line ends, nothing lost.
+        Loja l;
+        QString link;
+        for (int i = 0; link.size() < 10000; ++i)
+            link += QStringLiteral("%1x").arg(i, 5, 10, QLatin1Char('0'));
+        const qint64 chave = inserirOrdem(l.banco.banco(), {{"Observacao", link}});
+        const QString pdf = imprimirOrdem(l, TipoFicha::Saida, chave, 1, QStringLiteral("semespacos"));
+        QString t = textoPdf(pdf);
+        QCOMPARE(defeitosDeLayout(pdf), QString());
+        t.remove(QLatin1Char('\n'));
+        // The label stays on its line; the link starts under it and runs to its end.
+        QVERIFY(t.contains(QStringLiteral("Obs:") + link.left(300)));
+        QVERIFY(t.contains(link.right(60)));
     }
 
     void logo_data()
@@ -422,7 +459,7 @@ private slots:
             r.abrir(QStringLiteral("VendaDetalhada"), QStringLiteral("1 = 0"));
             r.addNew();
             r.definir(QStringLiteral("CodVenda"), i <= 110 ? 77 : 770);
-            r.definir(QStringLiteral("Armazenado"), QStringLiteral("A%1").arg(i));
+            r.definir(QStringLiteral("Armazenado"), i == 1 ? QStringLiteral("Gaveta 12") : QStringLiteral("A%1").arg(i));
             r.definir(QStringLiteral("codpeca"), QStringLiteral("C%1").arg(i));
             r.definir(QStringLiteral("Descricao"), QStringLiteral("Produto número %1").arg(i));
             r.definir(QStringLiteral("Quantidade"), 2000);
@@ -443,6 +480,9 @@ private slots:
         QVERIFY(t.contains(QStringLiteral("Página: 1")));
         QVERIFY(t.contains(QStringLiteral("Página: 2")));
         QVERIFY(t.contains(QStringLiteral("C110")));
+        QVERIFY2(t.contains(QStringLiteral("Gaveta 12")), "the place wraps inside its column");
+        // Its own page numbers only: no second "Página" line on top of them.
+        QCOMPARE(t.count(QStringLiteral("Página: 2")), 1);
         QVERIFY(!t.contains(QStringLiteral("C111")));  // sale 770 is another sale
         for (const char* s : {"Funcionário : Ana", "Total :", "2.750,00", "Data : 23-11-2026 Hora : 10:30", "Troco :", "5,00",
                               "Pagamento em :Dinheiro"})
@@ -535,13 +575,44 @@ private slots:
         QVERIFY(Impressao::fichaSaida(l.banco.banco(), chave, 1, Destino::visualizar()));
     }
 
+    void semImpressoraInstalada_data()
+    {
+        QTest::addColumn<QVariant>("resposta");
+        QTest::addColumn<bool>("impresso");
+        QTest::addColumn<bool>("salvo");
+        QTest::newRow("sim salva o PDF com o nome proposto e abre")
+            << QVariant::fromValue(Dialogos::Resposta::Sim) << true << true;
+        QTest::newRow("nao mostra na tela") << QVariant::fromValue(Dialogos::Resposta::Nao) << true << false;
+        QTest::newRow("cancelar nao imprime") << QVariant::fromValue(Dialogos::Resposta::Cancelar) << false << false;
+    }
     void semImpressoraInstalada()
     {
+        QFETCH(QVariant, resposta);
+        QFETCH(bool, impresso);
+        QFETCH(bool, salvo);
         if (!QPrinterInfo::availablePrinterNames().isEmpty())
             QSKIP("esta máquina tem impressora");
         Loja l;
-        QVERIFY(!Impressao::fichaEntrada(l.banco.banco(), inserirOrdem(l.banco.banco()), 1, Destino::impressora()));
-        QVERIFY(Dialogos::Roteiro::contem(QStringLiteral("Nenhuma impressora está instalada")));
+        QStringList abertos;
+        Visualizador::definir([&](const QString& a) { abertos << a; return true; });
+        gravarIni(QStringLiteral("Impressao"), QStringLiteral("ImprimePadrao"), QStringLiteral("1"));
+        const QString arquivo = l.pdf(QStringLiteral("escolhido"));
+        Dialogos::Roteiro::responder(resposta);
+        Dialogos::Roteiro::responder(arquivo);
+        const bool ok = ImprimeDocumento(l.banco.banco(), DocumentosOrdem::Entrada, inserirOrdem(l.banco.banco()));
+        Visualizador::definir({});
+        QCOMPARE(ok, impresso);
+        QVERIFY(Dialogos::Roteiro::registros().first().texto.startsWith(
+            QStringLiteral("Nenhuma impressora está instalada")));
+        QCOMPARE(QFile::exists(arquivo), salvo);
+        QCOMPARE(abertos, salvo ? QStringList{arquivo} : QStringList{});
+        if (salvo) {
+            const Dialogos::Registro& r = Dialogos::Roteiro::registros().at(1);
+            QCOMPARE(r.tipo, QStringLiteral("salvar"));
+            const QString pasta = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+            QCOMPARE(r.texto, QDir(pasta).filePath(QStringLiteral("O.S 4711 - Entrada.pdf")));
+            QVERIFY(textoPdf(arquivo).contains(QStringLiteral("Data entrada: 20/11/2026")));
+        }
     }
 };
 

@@ -144,6 +144,11 @@ private slots:
         QTest::newRow("shop repair") << QVariantMap{{"Garantia", -1}} << "@GARANTIACONSERTO" << "Oficina";
         QTest::newRow("no shop repair vanishes") << QVariantMap{{"Garantia", 0}} << "@GARANTIACONSERTO" << "";
         QTest::newRow("address joined") << QVariantMap{} << "@ENDERECOCLIENTE" << "Av. Brasil-1500-Jardim Paulista-São Paulo";
+        QTest::newRow("address of two lines reads as the sheets print it")
+            << QVariantMap{{"Endereco", "Av. Brasil\nBloco B"}} << "@ENDERECOCLIENTE"
+            << "Av. Brasil - Bloco B-1500-Jardim Paulista-São Paulo";
+        QTest::newRow("fixed phone masked") << QVariantMap{} << "@TELEFONECLIENTE" << "(11)3333-4444";
+        QTest::newRow("mobile of eleven digits masked") << QVariantMap{} << "@CELULARCLIENTE" << "(11)99999-8888";
         QTest::newRow("no street, no address") << QVariantMap{{"Endereco", ""}} << "@ENDERECOCLIENTE" << "";
         QTest::newRow("observation of two lines on one") << QVariantMap{{"Observacao", "linha um\nlinha dois"}}
                                                           << "@CAMPOOBSERVACAO" << "linha um linha dois";
@@ -264,6 +269,13 @@ private slots:
         QVERIFY(d.texto().contains(QStringLiteral("Maria da Conceição")));
         if (arquivo.startsWith(QLatin1String("orcamento")))
             QVERIFY(d.texto().contains(QStringLiteral("Fusível\n1\n5,00\n5,00")));
+        // The shop's lines come from its configuration.
+        for (const char* s : {"Eletrônica Conserta Já", "Rua das Acácias, 123 - Centro - São José", "(11)4321-5678",
+                              "12-345-678-0001/95"})
+            QVERIFY2(d.texto().contains(QString::fromUtf8(s)), s);
+        // An order that leaves without payment is not handed an amount.
+        if (arquivo.startsWith(QLatin1String("devolucao")))
+            QVERIFY(!d.texto().contains(QStringLiteral("Valor")));
         QVERIFY(Dialogos::Roteiro::registros().isEmpty());
     }
 

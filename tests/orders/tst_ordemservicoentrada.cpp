@@ -1,4 +1,6 @@
+#include <QAction>
 #include <QCheckBox>
+#include <QTemporaryDir>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
@@ -10,7 +12,9 @@
 #include "ApoioOrdens.h"
 #include "apoio/BancoTeste.h"
 #include "data/Conexoes.h"
+#include "data/ArquivoIni.h"
 #include "data/Datas.h"
+#include "documents/Visualizador.h"
 #include "orders/GravacaoOrdem.h"
 #include "orders/OrdemServicoEntrada.h"
 #include "orders/TransicoesOrdem.h"
@@ -150,7 +154,7 @@ private slots:
         QTest::mouseClick(botao(1), Qt::LeftButton);
         QVERIFY2(Dialogos::Roteiro::contem(mensagem), qPrintable(Dialogos::Roteiro::ultimoTexto()));
         QCOMPARE(contar("OrdemServico"), 0);
-        QCOMPARE(texto(8)->text(), QString("1234"));  // what was typed stays
+        QCOMPARE(texto(8)->text(), QString("(00)0000-1234"));  // what was typed stays, masked
         QCOMPARE(botao(1)->text(), QString("&Salvar"));
     }
 
@@ -235,6 +239,62 @@ private slots:
         QCOMPARE(combo(1)->lineEdit()->placeholderText(), QString("Selecione ao lado o Tipo -->"));
         QTest::mouseClick(botao(1), Qt::LeftButton);
         QCOMPARE(escalar("SELECT COUNT(*) FROM OrdemServico WHERE CodCliente = '9'").toInt(), 2);
+    }
+
+    // Phones as the staff type them: shown with the mask of their length, stored as digits.
+    void telefonesMascaradosGuardamDigitos_data()
+    {
+        QTest::addColumn<QString>("digitado");
+        QTest::addColumn<QString>("mostrado");
+        QTest::addColumn<QString>("guardado");
+        QTest::newRow("celular de onze digitos") << "19991234567" << "(19)99123-4567" << "19991234567";
+        QTest::newRow("fixo de dez digitos") << "1932221111" << "(19)3222-1111" << "1932221111";
+        QTest::newRow("colado com pontuacao e espaco") << "(19) 99123-4567" << "(19)99123-4567" << "19991234567";
+    }
+    void telefonesMascaradosGuardamDigitos()
+    {
+        QFETCH(QString, digitado);
+        QFETCH(QString, mostrado);
+        QFETCH(QString, guardado);
+        abre();
+        novaOrdem("JOSE", "52998224725");
+        for (int campo : {8, 9}) {
+            digita(texto(campo), digitado);
+            sai(texto(campo));
+            QCOMPARE(texto(campo)->text(), mostrado);
+        }
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QCOMPARE(escalar("SELECT Telefone FROM OrdemServico").toString(), guardado);
+        QCOMPARE(escalar("SELECT Celular FROM OrdemServico").toString(), guardado);
+        QCOMPARE(escalar("SELECT Celular FROM Cliente").toString(), guardado);
+        QCOMPARE(texto(9)->text(), mostrado);
+    }
+
+    // The print button's menu saves the sheet as a PDF under the order's name and opens it,
+    // on any machine and whatever the settings.
+    void salvarEmPdfPeloBotaoImprimir()
+    {
+        QTemporaryDir pasta;
+        sessao().ArquivoIni = pasta.filePath("Toldex.ini");
+        ArquivoIni(sessao().ArquivoIni).gravar("Impressao", "ImprimePadrao", "1");
+        QStringList abertos;
+        Visualizador::definir([&](const QString& a) { abertos << a; return true; });
+        abre();
+        novaOrdem("JOSE DA SILVA");
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        const QString arquivo = pasta.filePath("ficha.pdf");
+        Dialogos::Roteiro::limpar();
+        Dialogos::Roteiro::responder(arquivo);
+        auto* acao = botao(2)->findChild<QAction*>("AcaoSalvarPdf");
+        QVERIFY(acao);
+        QVERIFY(botao(2)->actions().contains(acao));
+        acao->trigger();
+        Visualizador::definir({});
+        sessao().ArquivoIni.clear();
+        QCOMPARE(Dialogos::Roteiro::registros().size(), 1);
+        QVERIFY(Dialogos::Roteiro::registros().first().texto.endsWith("/O.S 1 - Entrada.pdf"));
+        QVERIFY(QFile::exists(arquivo));
+        QCOMPARE(abertos, QStringList{arquivo});
     }
 
     void clienteEVisitaSoComONome()

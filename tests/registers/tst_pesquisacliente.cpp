@@ -1,4 +1,5 @@
 #include <QLineEdit>
+#include <QMdiArea>
 #include <QRadioButton>
 #include <QSqlRecord>
 #include <QTableWidget>
@@ -161,6 +162,27 @@ private slots:
         QTRY_VERIFY(!tela);
         abre();
         QVERIFY(!tela->chamadorDefinido(PesquisaCliente::nomeFlag(PesquisaCliente::Chamador::Pagamento)));
+    }
+
+    // Inside the main window's work area the frame goes with the search.
+    void escolhaFechaAJanelaInteira()
+    {
+        RegistroTelas::fecharTodas();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QMdiArea area;
+        RegistroTelas::definirAreaMdi(&area);
+        QString escolhido;
+        tela = PesquisaCliente::abrirPara(PesquisaCliente::Chamador::EntradaOs,
+                                          [&](const QSqlRecord& c) { escolhido = c.value("NomeCliente").toString(); });
+        QVERIFY(tela);
+        QCOMPARE(area.subWindowList().size(), 1);
+        busca(1, "bru");
+        auto* g = tela->findChild<QAbstractItemView*>("Grade");
+        g->setCurrentIndex(g->model()->index(0, 0));
+        QTest::keyClick(g, Qt::Key_Return);
+        QCOMPARE(escolhido, QString("BRUNO"));
+        QTRY_VERIFY(area.subWindowList().isEmpty());
+        RegistroTelas::definirAreaMdi(nullptr);
     }
 
     void modoDoMenuNovaOsEscolheNome()

@@ -55,6 +55,22 @@ private slots:
         }
     }
 
+    // Opens with room for its columns and a box that finds a supplier by part of its name.
+    void caixaDeBuscaETamanho()
+    {
+        for (const auto& [cod, nome] : {std::pair{1, "ELETRO PECAS LTDA"}, std::pair{2, "CASA DO CONTROLE"}})
+            b->banco().executar("INSERT INTO Fornecedor (CodFornecedor, NomeEmpresa) VALUES (?, ?)", {cod, QString(nome)});
+        QWidget* tela = RegistroTelas::abrir("PesquisaFornecedor");
+        QVERIFY(tela->width() >= 60 + 230 + 170 + 220);
+        auto* caixa = tela->findChild<QLineEdit*>("Text1(0)");
+        QVERIFY(caixa);
+        QVERIFY(caixa->isVisibleTo(tela));
+        caixa->setText("pecas");
+        QTest::keyClick(caixa, Qt::Key_Return);
+        QCOMPARE(grade(tela)->rowCount(), 1);
+        QCOMPARE(grade(tela)->item(0, 1)->text(), QString("ELETRO PECAS LTDA"));
+    }
+
     void escolhaVaiAQuemChamouOuAbreOCadastro()
     {
         b->banco().executar("INSERT INTO Fornecedor (CodFornecedor, NomeEmpresa, Excluidos) VALUES (7, 'ACME', -1)");

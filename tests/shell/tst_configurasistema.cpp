@@ -303,6 +303,28 @@ private slots:
         QCOMPARE(b->escalar("SELECT COUNT(*) FROM MarcaProduto WHERE MarcaAparelho IN ('LG', 'SEMP')").toInt(), 2);
     }
 
+    // After "Adicionar" the boxes are empty for the next entry; "Alterar" keeps them.
+    void adicionarLimpaAsCaixas()
+    {
+        ConfiguraSistema tela;
+        tela.show();
+        auto* grade = w<QTableWidget>(&tela, "GradeTipo");
+        const int antes = grade->rowCount();
+        escreve(&tela, "TxtTipo(0)", "TV");
+        escreve(&tela, "TxtValorTipo(1)", "12,50");
+        w<QCheckBox>(&tela, "ChkTipo(2)")->setChecked(true);
+        clica(&tela, "AdicionaTipo");
+        QCOMPARE(grade->rowCount(), antes + 1);
+        QCOMPARE(grade->item(antes, 0)->text(), QString("TV"));
+        QCOMPARE(w<QLineEdit>(&tela, "TxtTipo(0)")->text(), QString());
+        QCOMPARE(w<QLineEdit>(&tela, "TxtValorTipo(1)")->text(), QString());
+        QVERIFY(!w<QCheckBox>(&tela, "ChkTipo(2)")->isChecked());
+        escreve(&tela, "TxtTipo(0)", "RADIO");
+        clica(&tela, "AlteraTipo");
+        QCOMPARE(grade->item(antes, 0)->text(), QString("RADIO"));
+        QCOMPARE(w<QLineEdit>(&tela, "TxtTipo(0)")->text(), QString("RADIO"));
+    }
+
     void senhaDeVendaGuardadaComoHash()
     {
         ConfiguraSistema tela;

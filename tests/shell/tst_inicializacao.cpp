@@ -1,8 +1,11 @@
+#include <QDir>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "AmbienteShell.h"
 #include "data/Esquema.h"
 #include "shell/Inicializacao.h"
+#include "shell/PrimeiraPartida.h"
 #include "shell/Reconecta.h"
 #include "ui/Dialogos.h"
 
@@ -57,6 +60,52 @@ private slots:
         QTRY_VERIFY(RegistroTelas::aberta("Reconecta"));
         QVERIFY(!RegistroTelas::aberta("TelaInicial"));
         Conexoes::aoFalhar({});
+    }
+
+    // With no Toldex.ini the program asks what this computer is before anything else.
+    void primeiraPartidaPergunta_data()
+    {
+        QTest::addColumn<QVariant>("resposta");
+        QTest::addColumn<bool>("segue");
+        QTest::addColumn<QString>("servidor");   // Local/Servidor written to the ini
+        QTest::addColumn<QString>("tela");       // the window the start leads to
+        QTest::addColumn<bool>("bancoNovo");
+        QTest::newRow("servidor cria o banco aqui e pede o login")
+            << QVariant::fromValue(Dialogos::Resposta::Sim) << true << "True" << "TelaInicial" << true;
+        QTest::newRow("estacao procura o servidor sem criar banco")
+            << QVariant::fromValue(Dialogos::Resposta::Nao) << true << "False" << "Reconecta" << false;
+        QTest::newRow("cancelar sai sem gravar nada")
+            << QVariant::fromValue(Dialogos::Resposta::Cancelar) << false << "" << "" << false;
+    }
+    void primeiraPartidaPergunta()
+    {
+        QFETCH(QVariant, resposta);
+        QFETCH(bool, segue);
+        QFETCH(QString, servidor);
+        QFETCH(QString, tela);
+        QFETCH(bool, bancoNovo);
+        QTemporaryDir pasta;
+        qputenv("TOLDEX_PASTA", pasta.path().toUtf8());
+        Dialogos::Roteiro::responder(resposta);
+        {
+            Inicializacao inicio;
+            QCOMPARE(inicio.iniciar(), segue);
+            QVERIFY(Dialogos::Roteiro::contem(QStringLiteral("ainda não foi configurado")));
+            if (!tela.isEmpty())
+                QTRY_VERIFY(RegistroTelas::aberta(tela));
+            AmbienteShell::fecharTelas();
+            Conexoes::fecharSlots();
+            Conexoes::aoFalhar({});
+        }
+        QCOMPARE(ArquivoIni(Local::arquivoIni()).ler(QStringLiteral("Local"), QStringLiteral("Servidor")), servidor);
+        const QStringList arquivos = QDir(pasta.path()).entryList(QDir::Files);
+        QCOMPARE(arquivos.size() > 1, bancoNovo);
+        // Once answered, the next start asks nothing.
+        if (segue) {
+            Dialogos::Roteiro::limpar();
+            QCOMPARE(PrimeiraPartida::perguntar(), PrimeiraPartida::Papel::JaConfigurado);
+            QCOMPARE(Dialogos::Roteiro::registros().size(), 0);
+        }
     }
 };
 

@@ -1,5 +1,7 @@
 #include <QAction>
 #include <QDesktopServices>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -338,6 +340,32 @@ private slots:
         acao(p, "Mnuforum")->trigger();
         QDesktopServices::unsetUrlHandler("https");
         QCOMPARE(nav.abertas, QList<QUrl>{QUrl("https://forum.exemplo.com.br/toldex")});
+    }
+
+    // "Atualizar Toldex" always answers, whatever stops the check.
+    void atualizarPeloMenuResponde_data()
+    {
+        QTest::addColumn<bool>("versaoLocal");
+        QTest::addColumn<QString>("mensagem");
+        QTest::newRow("sem endereco configurado") << true << "Nenhum endereço de atualização está configurado";
+        QTest::newRow("sem Versao.txt") << false << "Não foi encontrado o arquivo Versao.txt";
+    }
+    void atualizarPeloMenuResponde()
+    {
+        QFETCH(bool, versaoLocal);
+        QFETCH(QString, mensagem);
+        QFile versao(QDir(m_amb->pasta()).filePath("Versao.txt"));
+        if (versaoLocal) {
+            QVERIFY(versao.open(QIODevice::WriteOnly));
+            versao.write("3.1.0\n");
+            versao.close();
+        }
+        Principal p;
+        QCoreApplication::processEvents();  // the silent check of the start says nothing
+        QVERIFY(!Dialogos::Roteiro::contem(mensagem));
+        acao(p, "MnuSic")->trigger();
+        QTRY_VERIFY(Dialogos::Roteiro::contem(mensagem));
+        versao.remove();
     }
 
     void sobreMostraAVersaoReal()
