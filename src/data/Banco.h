@@ -68,6 +68,9 @@ protected:
     virtual bool tabelaExiste(const QString& tabela) = 0;
     virtual void criarIndicesBusca(const DefTabela& t) = 0;
     virtual void prepararEsquema() {}
+    // After the schema is ensured, and before a connection closes: the engine's upkeep.
+    virtual void aposEsquema() {}
+    virtual void antesDeFechar() {}
     virtual ErroConexao traduzErroAbertura(const QString& detalhe) const;
 
     void abrirConexao();

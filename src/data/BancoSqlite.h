@@ -2,11 +2,13 @@
 #include "data/Banco.h"
 
 // The embedded store: one file TOLDEX.db in the folder CaminhoBanco names, WAL journal
-// so that readers never wait for a writer, and a busy timeout so that a second station
-// waits its turn instead of failing.
+// so that readers never wait for a writer, every commit flushed to the disk before the
+// save returns, and a busy timeout so that a second station waits its turn instead of
+// failing.
 class BancoSqlite : public Banco {
 public:
     explicit BancoSqlite(ConfigBanco c) : Banco(std::move(c)) {}
+    ~BancoSqlite() override;
 
     QString tipoAutoNumero() const override { return QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT"); }
     QString tipoInteiro() const override { return QStringLiteral("INTEGER"); }
@@ -21,4 +23,6 @@ protected:
     QStringList colunasExistentes(const QString& tabela) override;
     bool tabelaExiste(const QString& tabela) override;
     void criarIndicesBusca(const DefTabela& t) override;
+    void aposEsquema() override;
+    void antesDeFechar() override;
 };
