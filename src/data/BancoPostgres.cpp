@@ -31,6 +31,11 @@ QString BancoPostgres::condicaoTrigrama(const DefTabela&, const DefColuna& c) co
     return QStringLiteral("%1 LIKE ?").arg(c.nomeDobrado());
 }
 
+QString BancoPostgres::sondaTrigrama(const DefTabela& t, const DefColuna& c) const
+{
+    return QStringLiteral("SELECT 1 FROM %1 WHERE %2").arg(t.nome, condicaoTrigrama(t, c));
+}
+
 QString BancoPostgres::valorTrigrama(const QString& dobrado) const
 {
     // A backslash typed (a path, "C:\DADOS") is text, not the escape of the letter after it.

@@ -21,8 +21,12 @@ QString BancoSqlite::condicaoTrigrama(const DefTabela& t, const DefColuna& c) co
 {
     // A phrase of consecutive trigrams is a substring: the index answers it from its own
     // lists, without reading the rows back.
-    return QStringLiteral("%1 IN (SELECT rowid FROM %2 WHERE %2 MATCH '{%3} : ' || ?)")
-        .arg(t.chave, t.nomeTrigrama(), c.nomeDobrado());
+    return QStringLiteral("%1 IN (%2)").arg(t.chave, sondaTrigrama(t, c));
+}
+
+QString BancoSqlite::sondaTrigrama(const DefTabela& t, const DefColuna& c) const
+{
+    return QStringLiteral("SELECT rowid FROM %1 WHERE %1 MATCH '{%2} : ' || ?").arg(t.nomeTrigrama(), c.nomeDobrado());
 }
 
 QString BancoSqlite::valorTrigrama(const QString& dobrado) const

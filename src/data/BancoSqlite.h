@@ -15,6 +15,7 @@ public:
     QString expressaoDobrada(const DefColuna& c, bool armazenada = true) const override;
     QString comandoInicioEscrita() const override { return QStringLiteral("BEGIN IMMEDIATE"); }
     QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const override;
+    QString sondaTrigrama(const DefTabela& t, const DefColuna& c) const override;
     QString valorTrigrama(const QString& dobrado) const override;
 
 protected:
