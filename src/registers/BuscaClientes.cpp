@@ -65,10 +65,6 @@ Condicao condicaoNome(Banco& banco, const QString& texto)
     return Busca::porTexto(banco, Tabela, QStringLiteral("NomeCliente"), texto, true);
 }
 
-Resultado buscarNome(Banco& banco, const QString& texto, int limite)
-{
-    return le(banco, condicaoNome(banco, texto), limite);
-}
 
 Condicao codigoENome(Banco& banco, const QString& texto)
 {

@@ -36,7 +36,6 @@ Resultado buscar(Banco& banco, Opcao opcao, const QString& texto, int limite);
 
 // The name holding the typed text anywhere, deleted customers included.
 Condicao condicaoNome(Banco& banco, const QString& texto);
-Resultado buscarNome(Banco& banco, const QString& texto, int limite);
 
 // The customers whose code joined with their name holds the text anywhere ("12ANA"
 // finds customer 12 ANA, "2AN" too), deleted ones included. Worked out into lookups of
