@@ -205,11 +205,16 @@ int main(int argc, char** argv)
                                                     : QStringLiteral("/usr/lib/postgresql/%1/bin/pg_ctl").arg(versoes.last());
             esfria = [&, dados, pgCtl] {
                 b->fechar();
-                QStringList args{"-D", dados, "-m", "fast", "-w", "restart"};
+                const QStringList args{"-D", dados, "-m", "fast", "-w", "-s", "restart"};
+                QProcess pr;
+                // The server's own log must not mix with the table on the standard output.
+                pr.setStandardOutputFile(QProcess::nullDevice());
+                pr.setStandardErrorFile(QProcess::nullDevice());
                 if (::geteuid() == 0)
-                    QProcess::execute("runuser", QStringList{"-u", "postgres", "--", pgCtl} + args);
+                    pr.start("runuser", QStringList{"-u", "postgres", "--", pgCtl} + args);
                 else
-                    QProcess::execute(pgCtl, args);
+                    pr.start(pgCtl, args);
+                pr.waitForFinished(-1);
                 largaPaginas(dados + "/base");
                 b->reabrir();
             };
