@@ -7,6 +7,7 @@
 
 #include "data/Banco.h"
 #include "data/Datas.h"
+#include "data/Numeracao.h"
 #include "data/Transacao.h"
 
 namespace {
@@ -105,6 +106,17 @@ void ordens(Banco& b, int n, int abertas, int clientes)
         tr.commit();
         progresso("ordens", qMin(n, inicio + lote), n);
     }
+}
+
+void contadores(Banco& b)
+{
+    Transacao tr(b);
+    const qint64 os = b.escalar("SELECT MAX(CodOs) FROM OrdemServico").toLongLong();
+    const qint64 cli = b.escalar("SELECT MAX(CodCliente) FROM Cliente").toLongLong();
+    b.executar("UPDATE Empresa SET CodOs = ? WHERE CodOs IS NULL OR CodOs < ?", {os, os});
+    Numeracao::registrarEmitido(b, "OrdemServico", "CodOs", os);
+    Numeracao::registrarEmitido(b, "Cliente", "CodCliente", cli);
+    tr.commit();
 }
 
 }

@@ -9,4 +9,7 @@ class Banco;
 namespace Carga {
 void clientes(Banco& b, int n);
 void ordens(Banco& b, int n, int abertas, int clientes);
+// Brings Empresa's order counter and the codes issued up to the rows stored, as a shop's
+// own saves would have left them, so that new orders never repeat a number.
+void contadores(Banco& b);
 }

@@ -2,37 +2,107 @@
 #include <QElapsedTimer>
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QTextStream>
 #include <algorithm>
 #include <functional>
 
-// Times one operation several times and keeps the median, so that one slow run (the
-// first read of a cold page, another process on the machine) doesn't decide the figure.
+// One line of the table: an operation run once per text (different texts drawn from the
+// data, so no single lucky text decides the figure), its median and 90th percentile, and
+// beside it the raw indexed query that gives the same rows, run on the same texts.
 struct Medida {
     QString nome;
-    double mediana = 0;
     double alvo = 0;
+    int textos = 0;
+    double mediana = 0;
+    double p90 = 0;
+    double cruMediana = -1;  // < 0: no raw query beside it
+    int linhasMin = -1;      // rows the operation returned, over all texts
+    int linhasMax = -1;
 };
 
-inline Medida mede(const QString& nome, double alvoMs, const std::function<void()>& operacao, int vezes = 7)
+// An operation on one text; returns how many rows it gave (-1 when rows don't apply).
+using Operacao = std::function<int(const QString& texto)>;
+
+inline double percentil(QList<double> v, double p)
 {
-    QList<double> tempos;
-    for (int i = 0; i < vezes; ++i) {
-        QElapsedTimer t;
-        t.start();
-        operacao();
-        tempos << t.nsecsElapsed() / 1e6;
+    if (v.isEmpty())
+        return 0;
+    std::sort(v.begin(), v.end());
+    const int i = qBound(0, int(p * (v.size() - 1) + 0.5), int(v.size() - 1));
+    return v.at(i);
+}
+
+inline double cronometra(const std::function<void()>& f)
+{
+    QElapsedTimer t;
+    t.start();
+    f();
+    return t.nsecsElapsed() / 1e6;
+}
+
+// Runs `operacao` and `cru` once on every text, after one warm-up on the first.
+inline Medida mede(const QString& nome, double alvoMs, const QStringList& textos, const Operacao& operacao,
+                   const Operacao& cru = {})
+{
+    Medida m{nome, alvoMs};
+    m.textos = int(textos.size());
+    if (textos.isEmpty())
+        return m;
+    operacao(textos.first());
+    if (cru)
+        cru(textos.first());
+    QList<double> tempos, crus;
+    for (const QString& t : textos) {
+        int n = -1;
+        tempos << cronometra([&] { n = operacao(t); });
+        if (n >= 0) {
+            m.linhasMin = m.linhasMin < 0 ? n : qMin(m.linhasMin, n);
+            m.linhasMax = qMax(m.linhasMax, n);
+        }
+        if (cru)
+            crus << cronometra([&] { cru(t); });
     }
-    std::sort(tempos.begin(), tempos.end());
-    return {nome, tempos.at(tempos.size() / 2), alvoMs};
+    m.mediana = percentil(tempos, 0.5);
+    m.p90 = percentil(tempos, 0.9);
+    if (cru)
+        m.cruMediana = percentil(crus, 0.5);
+    return m;
+}
+
+// A single run from a cold cache: `esfria` drops the store's pages first, before each of
+// the two queries.
+inline Medida medeFrio(const QString& nome, double alvoMs, const QString& texto, const std::function<void()>& esfria,
+                       const Operacao& operacao, const Operacao& cru)
+{
+    Medida m{nome + QStringLiteral(" [cache frio]"), alvoMs, 1};
+    esfria();
+    int n = -1;
+    m.mediana = m.p90 = cronometra([&] { n = operacao(texto); });
+    m.linhasMin = m.linhasMax = n;
+    esfria();
+    m.cruMediana = cronometra([&] { cru(texto); });
+    return m;
 }
 
 inline void imprime(const QList<Medida>& medidas)
 {
     QTextStream out(stdout);
-    out << QStringLiteral("| %1 | %2 | %3 |\n").arg("operação", -58).arg("mediana (ms)", 12).arg("alvo (ms)", 9);
-    out << "|" << QString(60, '-') << "|" << QString(14, '-') << "|" << QString(11, '-') << "|\n";
-    for (const Medida& m : medidas)
-        out << QStringLiteral("| %1 | %2 | %3 |\n").arg(m.nome, -58).arg(m.mediana, 12, 'f', 2).arg(m.alvo, 9, 'f', 0);
+    out << QStringLiteral("| %1 | %2 | %3 | %4 | %5 | %6 | %7 |\n")
+               .arg("operação", -64).arg("textos", 6).arg("mediana ms", 10).arg("p90 ms", 8)
+               .arg("cru ms", 8).arg("razão", 6).arg("alvo ms", 7);
+    out << "|" << QString(66, '-') << "|" << QString(8, '-') << "|" << QString(12, '-') << "|" << QString(10, '-')
+        << "|" << QString(10, '-') << "|" << QString(8, '-') << "|" << QString(9, '-') << "|\n";
+    for (const Medida& m : medidas) {
+        QString nome = m.nome;
+        if (m.linhasMax >= 0)
+            nome += m.linhasMin == m.linhasMax ? QStringLiteral(" (%1 linhas)").arg(m.linhasMax)
+                                               : QStringLiteral(" (%1–%2 linhas)").arg(m.linhasMin).arg(m.linhasMax);
+        const QString cru = m.cruMediana < 0 ? QStringLiteral("—") : QString::number(m.cruMediana, 'f', 2);
+        const QString razao = m.cruMediana <= 0 ? QStringLiteral("—") : QString::number(m.mediana / m.cruMediana, 'f', 1);
+        out << QStringLiteral("| %1 | %2 | %3 | %4 | %5 | %6 | %7 |\n")
+                   .arg(nome, -64).arg(m.textos, 6).arg(m.mediana, 10, 'f', 2).arg(m.p90, 8, 'f', 2)
+                   .arg(cru, 8).arg(razao, 6).arg(m.alvo, 7, 'f', 0);
+    }
     out.flush();
 }

@@ -1,18 +1,31 @@
 // Benchmark of the counter's searches at a shop's scale. It fills a store with synthetic
-// data (default 1,000,000 orders and 200,000 customers) and prints the median time of each
-// operation beside its target. Usage:
+// data (default 1,000,000 orders and 200,000 customers), then times each operation on
+// many texts drawn from that data, beside the raw indexed query that gives the same rows,
+// and prints median, 90th percentile and the ratio. Usage:
 //   toldex_bench [--ordens N] [--clientes N] [--abertas N] [--pasta DIR] [--postgres]
-// A store already filled in --pasta is reused.
-#include <QCommandLineParser>
+//                [--pg-dados DIR] [--textos N] [--so-carga]
+// A store already filled in --pasta (or the database toldex_bench) is reused. Cold-cache
+// lines drop the store's pages first: the SQLite file's from the system's cache; on
+// PostgreSQL the server is restarted and its files dropped, given --pg-dados.
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
+#include <QFile>
 #include <QFileInfo>
 #include <QPrinter>
 #include <QTemporaryDir>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QSqlQuery>
+#include <QSqlRecord>
 #include <QSysInfo>
-#include <QThread>
 #include <QTextStream>
+#include <QThread>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "Carga.h"
 #include "Manutencao.h"
@@ -20,30 +33,95 @@
 #include "data/Banco.h"
 #include "data/Busca.h"
 #include "data/Conexoes.h"
-#include "data/Sessao.h"
-#include "ui/RegistroTelas.h"
+#include "data/Esquema.h"
 #include "data/Numeracao.h"
+#include "data/PaginasBusca.h"
 #include "data/Recordset.h"
-#include "data/Transacao.h"
 #include "documents/Impressora.h"
 #include "data/Sessao.h"
+#include "data/Texto.h"
+#include "data/Transacao.h"
 #include "orders/ListasPainel.h"
-#include "registers/BuscaClientes.h"
 #include "orders/Ordem.h"
 #include "orders/OrdemServicoEntradaRegras.h"
 #include "orders/TransicoesOrdem.h"
+#include "registers/BuscaClientes.h"
+#include "ui/ModeloPesquisa.h"
+#include "ui/RegistroTelas.h"
 
 namespace {
 
-int conta(Banco& b, const QString& tabela, const Condicao& c)
+QRandomGenerator sorteio(20261123);
+
+// `n` different texts made from random rows of `tabela` (by its key, 1..maxChave).
+QStringList amostra(Banco& b, const QString& tabela, const QString& coluna, qint64 maxChave, int n,
+                    const std::function<QString(const QString&)>& recorte)
 {
-    return b.escalar(QStringLiteral("SELECT COUNT(*) FROM %1 WHERE %2").arg(tabela, c.sql), c.valores).toInt();
+    const DefTabela* t = Esquema::tabela(tabela);
+    QStringList r;
+    for (int tentativa = 0; r.size() < n && tentativa < n * 50; ++tentativa) {
+        const qint64 chave = 1 + qint64(sorteio.bounded(quint64(maxChave)));
+        const QString valor =
+            b.escalar(QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(coluna, tabela, t->chave), {chave}).toString();
+        const QString texto = recorte(valor);
+        if (!texto.isEmpty() && !r.contains(texto))
+            r << texto;
+    }
+    return r;
 }
 
-void primeiras100(Banco& b, const QString& tabela, const Condicao& c, const QString& ordem)
+QString trecho(const QString& s, int inicio, int tamanho)
 {
-    Recordset rs(b);
-    rs.abrir(tabela, c.sql, c.valores, ordem, 100);
+    if (s.size() < inicio + tamanho)
+        return {};
+    return s.mid(inicio + int(sorteio.bounded(s.size() - inicio - tamanho + 1)), tamanho);
+}
+
+QString limiteSuperior(const QString& prefixo)
+{
+    const char32_t maior = 0x10FFFF;
+    return prefixo + QString::fromUcs4(&maior, 1);
+}
+
+// The raw query: the index lookup alone, in the list's order, every value read.
+Condicao indiceCru(Banco& b, const QString& tabela, const QString& coluna, const QString& texto, bool meio)
+{
+    const DefTabela* t = Esquema::tabela(tabela);
+    const DefColuna* c = t->coluna(coluna);
+    const QString d = Texto::dobra(texto);
+    if (!meio)
+        return {QStringLiteral("%1 >= ? AND %1 < ?").arg(c->nomeDobrado()), {d, limiteSuperior(d)}};
+    return {b.condicaoTrigrama(*t, *c), {b.valorTrigrama(d)}};
+}
+
+int leTudo(QSqlQuery& q)
+{
+    int n = 0;
+    const int colunas = q.record().count();
+    while (q.next()) {
+        for (int i = 0; i < colunas; ++i)
+            q.value(i);
+        ++n;
+    }
+    return n;
+}
+
+void largaPaginas(const QString& caminho)
+{
+    QDirIterator it(caminho, QDir::Files, QDirIterator::Subdirectories);
+    QStringList arquivos;
+    if (QFileInfo(caminho).isFile())
+        arquivos << caminho;
+    while (it.hasNext())
+        arquivos << it.next();
+    for (const QString& a : arquivos) {
+        const int fd = ::open(QFile::encodeName(a).constData(), O_RDONLY);
+        if (fd < 0)
+            continue;
+        ::fdatasync(fd);
+        ::posix_fadvise(fd, 0, 0, POSIX_FADV_DONTNEED);
+        ::close(fd);
+    }
 }
 
 } // namespace
@@ -60,6 +138,9 @@ int main(int argc, char** argv)
     p.addOption({"abertas", "orders still in the shop", "n", "10000"});
     p.addOption({"pasta", "folder of the store", "dir", QDir::temp().filePath("toldex-bench")});
     p.addOption({"postgres", "use the PostgreSQL of TOLDEX_PG_HOST/TOLDEX_PG_PORT"});
+    p.addOption({"pg-dados", "PostgreSQL's data folder, for the cold-cache lines", "dir"});
+    p.addOption({"textos", "texts per search line", "n", "25"});
+    p.addOption({"so-carga", "fill the store and stop"});
     p.addOption({"sem-analyze", "do not gather the planner's statistics after filling"});
     p.addOption({"manutencao", "only the backup, restore and repair of an SQLite store of this size", "MB"});
     p.process(app);
@@ -68,6 +149,7 @@ int main(int argc, char** argv)
     const int ordens = p.value("ordens").toInt();
     const int clientes = p.value("clientes").toInt();
     const int abertas = p.value("abertas").toInt();
+    const int nTextos = qMax(20, p.value("textos").toInt());
 
     ConfigBanco c;
     c.criarSeNaoExistir = true;
@@ -89,83 +171,224 @@ int main(int argc, char** argv)
             err << "Preenchendo " << c.descricao() << "...\n";
             b->executar("DELETE FROM OrdemServico");
             b->executar("DELETE FROM Cliente");
+            QStringList trigramas;
+            if (c.motor == Motor::PostgreSQL) {
+                // A trigram index built once at the end costs a fraction of one kept up row by
+                // row; the schema check below builds them again.
+                QSqlQuery q = b->executar("SELECT indexname FROM pg_indexes WHERE indexname LIKE '%_tri'");
+                while (q.next())
+                    trigramas << q.value(0).toString();
+                for (const QString& i : std::as_const(trigramas))
+                    b->executar(QStringLiteral("DROP INDEX %1").arg(i));
+            }
             Carga::clientes(*b, clientes);
             Carga::ordens(*b, ordens, abertas, clientes);
+            if (!trigramas.isEmpty()) {
+                err << "Criando os índices de trigramas...\n";
+                b->garantirEsquema();
+            }
             if (!p.isSet("sem-analyze"))
                 b->executar("ANALYZE");
         }
+        Carga::contadores(*b);
+        if (c.motor == Motor::SQLite)
+            b->executar("PRAGMA wal_checkpoint(TRUNCATE)");
+        if (p.isSet("so-carga"))
+            return 0;
+
+        // Drops every page of the store from memory, so the next query reads the disk.
+        std::function<void()> esfria;
+        if (c.motor == Motor::SQLite) {
+            esfria = [&] {
+                b->fechar();
+                largaPaginas(c.arquivoSqlite());
+                largaPaginas(c.arquivoSqlite() + "-wal");
+                b->reabrir();
+            };
+        } else if (p.isSet("pg-dados")) {
+            const QString dados = p.value("pg-dados");
+            QStringList versoes = QDir("/usr/lib/postgresql").entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+            const QString pgCtl = versoes.isEmpty() ? QStringLiteral("pg_ctl")
+                                                    : QStringLiteral("/usr/lib/postgresql/%1/bin/pg_ctl").arg(versoes.last());
+            esfria = [&, dados, pgCtl] {
+                b->fechar();
+                const QStringList args{"-D", dados, "-m", "fast", "-w", "-s", "restart"};
+                QProcess pr;
+                // The server's own log must not mix with the table on the standard output.
+                pr.setStandardOutputFile(QProcess::nullDevice());
+                pr.setStandardErrorFile(QProcess::nullDevice());
+                if (::geteuid() == 0)
+                    pr.start("runuser", QStringList{"-u", "postgres", "--", pgCtl} + args);
+                else
+                    pr.start(pgCtl, args);
+                pr.waitForFinished(-1);
+                largaPaginas(dados + "/base");
+                b->reabrir();
+            };
+        }
+
+        const qint64 maxOs = b->escalar("SELECT MAX(CodOsAut) FROM OrdemServico").toLongLong();
+        const qint64 maxCli = b->escalar("SELECT MAX(Chave) FROM Cliente").toLongLong();
+        auto palavra = [](const QString& nome, int i) { return nome.split(' ', Qt::SkipEmptyParts).value(i); };
+        const QStringList osNumero = amostra(*b, "OrdemServico", "CodOs", maxOs, nTextos,
+                                             [](const QString& v) { return v.size() >= 5 ? v.left(4) : QString(); });
+        const QStringList osTelefone = amostra(*b, "OrdemServico", "Telefone", maxOs, nTextos,
+                                               [](const QString& v) { return trecho(v, 2, 4); });
+        const QStringList osNome = amostra(*b, "OrdemServico", "NomeCliente", maxOs, nTextos, [&](const QString& v) {
+            return palavra(v, 0) + ' ' + palavra(v, 1);
+        });
+        const QStringList cliNomeMeio = amostra(*b, "Cliente", "NomeCliente", maxCli, nTextos, [&](const QString& v) {
+            const QString w = palavra(v, 2).isEmpty() ? palavra(v, 1) : palavra(v, 2);
+            return w.size() >= 4 ? w.toUpper() : QString();
+        });
+        const QStringList cliTelefone = amostra(*b, "Cliente", "Telefone", maxCli, nTextos,
+                                                [](const QString& v) { return trecho(v, 2, 5); });
+        const QStringList cliPrenome = amostra(*b, "Cliente", "NomeCliente", maxCli, nTextos, [&](const QString& v) {
+            return palavra(v, 0).left(3 + int(sorteio.bounded(3))).toLower();
+        });
+        const QStringList cliCodigo = amostra(*b, "Cliente", "CodCliente", maxCli, nTextos,
+                                              [](const QString& v) { return trecho(v, 0, qMin(4, int(v.size()))); });
+        const QStringList cliDocumento = amostra(*b, "Cliente", "CnpjCpf", maxCli, nTextos,
+                                                 [](const QString& v) { return trecho(v, 0, 5); });
+        const QStringList cliTelPesquisa = amostra(*b, "Cliente", "Telefone", maxCli, nTextos,
+                                                   [](const QString& v) { return trecho(v, 2, 4); });
+        const QStringList cliCpf = amostra(*b, "Cliente", "CnpjCpf", maxCli, nTextos, [](const QString& v) { return v; });
 
         QList<Medida> m;
-        m << mede("O.S: número pelo começo (\"1234\"), 100 primeiras", 20, [&] {
-            primeiras100(*b, "OrdemServico", Busca::porColuna(*b, "OrdemServico", "CodOs", "1234", false), "CodOs");
+        // The counter's searches: the first 100 rows of a search, as a screen's first page.
+        struct Busca100 {
+            QString nome;
+            QString tabela, coluna, ordem;
+            bool meio;
+            QStringList textos;
+        };
+        const QList<Busca100> buscas = {
+            {"O.S: número pelo começo", "OrdemServico", "CodOs", "CodOs", false, osNumero},
+            {"O.S: telefone no meio", "OrdemServico", "Telefone", "CodOs", true, osTelefone},
+            {"O.S: nome pelo começo (nome e sobrenome)", "OrdemServico", "NomeCliente", "CodOs", false, osNome},
+            {"Cliente: nome no meio (sobrenome)", "Cliente", "NomeCliente", "CodCliente", true, cliNomeMeio},
+            {"Cliente: telefone no meio", "Cliente", "Telefone", "CodCliente", true, cliTelefone},
+        };
+        for (const Busca100& s : buscas) {
+            const Operacao op = [&](const QString& t) {
+                const Condicao cond = Busca::porColuna(*b, s.tabela, s.coluna, t, s.meio);
+                Recordset rs(*b);
+                rs.abrir(s.tabela, cond.sql, cond.valores, s.ordem, 100);
+                return rs.recordCount();
+            };
+            const Operacao cru = [&](const QString& t) {
+                const Condicao i = indiceCru(*b, s.tabela, s.coluna, t, s.meio);
+                QSqlQuery q = b->executar(
+                    QStringLiteral("SELECT * FROM %1 WHERE %2 ORDER BY %3 LIMIT 100").arg(s.tabela, i.sql, s.ordem), i.valores);
+                return leTudo(q);
+            };
+            m << mede(s.nome + ", 100 primeiras", 20, s.textos, op, cru);
+            if (esfria)
+                m << medeFrio(s.nome + ", 100 primeiras", 20, s.textos.value(1), esfria, op, cru);
+        }
+
+        // The customer search screen: the exact count and the grid's first page.
+        const QStringList colunasGrade = {"CodCliente", "NomeCliente", "Telefone", "Celular", "TelFax", "CnpjCpf"};
+        const QList<std::tuple<BuscaClientes::Opcao, QString, QStringList>> buscasCliente = {
+            {BuscaClientes::Opcao::Nome, "nome", cliPrenome}, {BuscaClientes::Opcao::Codigo, "código", cliCodigo},
+            {BuscaClientes::Opcao::CnpjCpf, "CPF/CNPJ", cliDocumento}, {BuscaClientes::Opcao::Telefone, "telefone", cliTelPesquisa}};
+        for (const auto& [opcao, nome, textos] : buscasCliente) {
+            const Operacao op = [&, opcao = opcao](const QString& t) {
+                PaginasBusca pg(*b, "Cliente", BuscaClientes::condicao(*b, opcao, t), BuscaClientes::Ordem, colunasGrade);
+                const qint64 total = pg.contar();
+                Q_UNUSED(total);
+                return int(pg.proximas(ModeloPesquisa::TamanhoPagina).size());
+            };
+            const Operacao cru = [&, opcao = opcao](const QString& t) {
+                const Condicao i = indiceCru(*b, "Cliente", BuscaClientes::coluna(opcao), t, BuscaClientes::meio(opcao));
+                b->escalar(QStringLiteral("SELECT COUNT(*) FROM Cliente WHERE %1").arg(i.sql), i.valores);
+                QSqlQuery q = b->executar(QStringLiteral("SELECT %1 FROM Cliente WHERE %2 ORDER BY CodCliente LIMIT %3")
+                                              .arg(colunasGrade.join(','), i.sql).arg(ModeloPesquisa::TamanhoPagina),
+                                          i.valores);
+                return leTudo(q);
+            };
+            const QString linha = QStringLiteral("Pesquisa de clientes por %1: contagem e 1ª página").arg(nome);
+            m << mede(linha, 20, textos, op, cru);
+            if (esfria)
+                m << medeFrio(linha, 20, textos.value(1), esfria, op, cru);
+        }
+
+        const QStringList repete(21, QString());
+        m << mede("Estado: contagem Recusado & Saida & Excluidos '%-100%'", 50, repete, [&](const QString&) {
+            const Condicao e = Busca::porEstado({"Recusado", "Saida", "Excluidos"}, {-1, 0, 0});
+            b->escalar(QStringLiteral("SELECT COUNT(*) FROM OrdemServico WHERE %1").arg(e.sql), e.valores);
+            return -1;
         });
-        m << mede("O.S: telefone no meio (\"4567\"), 100 primeiras", 20, [&] {
-            primeiras100(*b, "OrdemServico", Busca::porColuna(*b, "OrdemServico", "Telefone", "4567", true), "CodOs");
-        });
-        m << mede("O.S: nome pelo começo (\"MARIA SOUZA\"), 100 primeiras", 20, [&] {
-            primeiras100(*b, "OrdemServico", Busca::porColuna(*b, "OrdemServico", "NomeCliente", "maria souza", false), "CodOs");
-        });
-        m << mede("Cliente: nome no meio (\"ARAUJO\"), 100 primeiras", 20, [&] {
-            primeiras100(*b, "Cliente", Busca::porColuna(*b, "Cliente", "NomeCliente", "araujo", true), "CodCliente");
-        });
-        m << mede("Cliente: telefone no meio (\"98765\"), 100 primeiras", 20, [&] {
-            primeiras100(*b, "Cliente", Busca::porColuna(*b, "Cliente", "Telefone", "98765", true), "CodCliente");
-        });
-        m << mede("Estado: contagem Recusado & Saida & Excluidos '%-100%'", 50, [&] {
-            conta(*b, "OrdemServico", Busca::porEstado({"Recusado", "Saida", "Excluidos"}, {-1, 0, 0}));
-        });
-        m << mede("Estado: contagem Aprovado & Consertado & Saida & Excluidos", 50, [&] {
-            conta(*b, "OrdemServico", Busca::porEstado({"Aprovado", "Consertado", "Saida", "Excluidos"}, {-1, -1, 0, 0}));
-        });
-        const QList<std::tuple<BuscaClientes::Opcao, QString, QString>> buscasCliente = {
-            {BuscaClientes::Opcao::Nome, "nome", "maria"}, {BuscaClientes::Opcao::Codigo, "código", "1234"},
-            {BuscaClientes::Opcao::CnpjCpf, "CPF/CNPJ", "45678"}, {BuscaClientes::Opcao::Telefone, "telefone", "8765"}};
-        for (const auto& [opcao, nome, texto] : buscasCliente)
-            m << mede(QStringLiteral("Pesquisa de clientes por %1 (\"%2\"), 100 primeiras").arg(nome, texto), 50,
-                      [&] { BuscaClientes::buscar(*b, opcao, texto, 100); });
+
+        // The pending panel: each station refreshes the counts every minute; the rows are
+        // read when someone presses a list's button.
         const QList<std::pair<Lista, QString>> listas = {
             {Lista::Autorizado, "Autorizado"}, {Lista::AguardaPeca, "Aguarda peça"}, {Lista::Consertado, "Consertado"},
             {Lista::Devolver, "Devolver"}, {Lista::Pendente, "Pendente"}, {Lista::NaFila, "Na Fila"},
             {Lista::NaoAutorizado, "Não Autorizado"}, {Lista::Visita, "Visita técnica"}};
         for (const auto& [lista, nome] : listas) {
-            m << mede(QStringLiteral("Painel: contagem \"%1\"").arg(nome), 10, [&] { ListasPainel::contar(*b, lista); });
-            int n = 0;
-            m << mede(QStringLiteral("Painel: linhas \"%1\"").arg(nome), 10, [&] { n = ListasPainel::linhas(*b, lista).size(); });
-            m.last().nome += QStringLiteral(" (%1)").arg(n);
+            const Lista l = lista;
+            m << mede(QStringLiteral("Painel: contagem \"%1\"").arg(nome), 10, repete,
+                      [&](const QString&) { ListasPainel::contar(*b, l); return -1; },
+                      [&](const QString&) {
+                          for (const Condicao& cond : ListasPainel::condicoes(l))
+                              b->escalar(QStringLiteral("SELECT COUNT(*) FROM OrdemServico WHERE %1").arg(cond.sql), cond.valores);
+                          return -1;
+                      });
+            m << mede(QStringLiteral("Painel: linhas \"%1\"").arg(nome), 10, repete,
+                      [&](const QString&) { return int(ListasPainel::linhas(*b, l).size()); },
+                      [&](const QString&) {
+                          int n = 0;
+                          for (const Condicao& cond : ListasPainel::condicoes(l)) {
+                              QSqlQuery q = b->executar(ListasPainel::consulta(l, cond), cond.valores);
+                              n += leTudo(q);
+                          }
+                          return n;
+                      });
         }
-        m << mede("Número novo de O.S (sem gravar)", 2, [&] {
-            Transacao tr(*b);
-            Numeracao::proximoCodigo(*b, "OrdemServico", "CodOs");
-        }, 21);
+        m << mede("Número novo de O.S (sem gravar)", 2, repete,
+                  [&](const QString&) {
+                      Transacao tr(*b);
+                      Numeracao::proximoCodigo(*b, "OrdemServico", "CodOs");
+                      return -1;
+                  },
+                  [&](const QString&) { b->escalar("SELECT MAX(CodOs) FROM OrdemServico"); return -1; });
 
         // The counter's intake: the customer found by the document typed, and a new order
-        // with a new customer stored and committed in one transaction (a few rows more in the
-        // store each run).
-        const QString documento =
-            b->escalar("SELECT CnpjCpf FROM Cliente WHERE CodCliente = ?", {qMax(1, clientes / 2)}).toString();
-        m << mede("Entrada: cliente pelo CPF digitado", 50, [&] { EntradaRegras::clientePorDocumento(*b, documento); });
+        // (numbered from Empresa's counter, as the screen does with CfgAtivaOs on) with a new
+        // customer, stored and committed to the disk in one transaction.
+        m << mede("Entrada: cliente pelo CPF digitado", 50, cliCpf,
+                  [&](const QString& t) { EntradaRegras::clientePorDocumento(*b, t); return -1; },
+                  [&](const QString& t) {
+                      QSqlQuery q = b->executar("SELECT * FROM Cliente WHERE CnpjCpf = ?", {t});
+                      return leTudo(q);
+                  });
         sessao().DireitoOsEntAl = 1;
         sessao().UsuarioNome = QStringLiteral("BENCH");
-        m << mede("Entrada: gravar O.S nova com cliente novo (com commit)", 30, [&] {
-            Transacao tr(*b);
-            EntradaRegras::ClienteBalcao cli;
-            cli.NomeCliente = QStringLiteral("CLIENTE BALCAO");
-            Ordem o;
-            o.NomeCliente = cli.NomeCliente;
-            o.Tipo = QStringLiteral("TV");
-            o.CodCliente = QString::number(EntradaRegras::gravarClienteNovo(*b, cli));
-            TransicoesOrdem::salvarEntrada(*b, o, {});
-            tr.commit();
-        }, 11);
+        sessao().CfgAtivaOs = QStringLiteral("True");
+        m << mede("Entrada: gravar O.S nova com cliente novo (commit no disco)", 30, QStringList(11, QString()),
+                  [&](const QString&) {
+                      Transacao tr(*b);
+                      EntradaRegras::ClienteBalcao cli;
+                      cli.NomeCliente = QStringLiteral("CLIENTE BALCAO");
+                      Ordem o;
+                      o.NomeCliente = cli.NomeCliente;
+                      o.Tipo = QStringLiteral("TV");
+                      o.CodCliente = QString::number(EntradaRegras::gravarClienteNovo(*b, cli));
+                      TransicoesOrdem::salvarEntrada(*b, o, {});
+                      tr.commit();
+                      return -1;
+                  });
 
         Conexoes::configurar(c);
         sessao().DireitoOsEntLe = 1;
-        m << mede("Entrada: abrir a tela OrdemServicoEntrada", 300, [&] {
+        m << mede("Entrada: abrir a tela OrdemServicoEntrada", 300, QStringList(5, QString()), [&](const QString&) {
             RegistroTelas::abrir(QStringLiteral("OrdemServicoEntrada"));
             QCoreApplication::processEvents();
             RegistroTelas::fechar(QStringLiteral("OrdemServicoEntrada"));
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        }, 5);
+            return -1;
+        });
 
         // A pasted link or code with no space to break at, cut into lines of a sheet.
         {
@@ -190,7 +413,8 @@ int main(int argc, char** argv)
         QTextStream out(stdout);
         out << "Toldex " << TOLDEX_VERSAO << " — " << (c.motor == Motor::SQLite ? "SQLite" : "PostgreSQL") << ", "
             << ordens << " ordens, " << clientes << " clientes, " << abertas << " abertas; "
-            << QSysInfo::prettyProductName() << ", " << QThread::idealThreadCount() << " núcleos\n\n";
+            << QSysInfo::prettyProductName() << ", " << QThread::idealThreadCount() << " núcleos"
+            << (esfria ? "" : "; sem linhas de cache frio (falta --pg-dados)") << "\n\n";
         imprime(m);
     } catch (const ErroBanco& e) {
         err << e.textoCompleto() << "\n";

@@ -92,8 +92,10 @@ ErroConexao Banco::traduzErroAbertura(const QString& detalhe) const
 
 void Banco::fechar()
 {
-    if (m_db.isValid() && m_db.isOpen())
+    if (m_db.isValid() && m_db.isOpen()) {
+        antesDeFechar();
         m_db.close();
+    }
     m_profundidade = 0;
     m_fechada = true;
 }
@@ -325,6 +327,7 @@ int Banco::garantirEsquema()
         inserirEmpresaPadrao(*this);
         executar(QStringLiteral("INSERT INTO VersaoEsquema (Versao) VALUES (?)"), {Esquema::versaoAtual()});
         tr.commit();
+        aposEsquema();
         return 1;
     }
     const int versao = escalar(QStringLiteral("SELECT MAX(Versao) FROM VersaoEsquema")).toInt();
@@ -367,5 +370,6 @@ int Banco::garantirEsquema()
         tr.commit();
         ++passos;
     }
+    aposEsquema();
     return passos;
 }

@@ -48,9 +48,12 @@ public:
     // column added to an older store, which SQLite can only add that way).
     virtual QString expressaoDobrada(const DefColuna& c, bool armazenada = true) const = 0;
     virtual QString comandoInicioEscrita() const = 0;
-    // A condition true for rows whose folded column `col` matches the bound LIKE pattern
-    // (no escape characters in it), answered through the trigram index.
+    // A condition true for rows whose folded column `col` matches the folded text sought
+    // (no wildcards in it), answered through the trigram index.
     virtual QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const = 0;
+    // A SELECT of the same matches that reads the trigram index alone, for a quick probe of
+    // how common a text is.
+    virtual QString sondaTrigrama(const DefTabela& t, const DefColuna& c) const = 0;
     // The bound value for that condition, from the folded text sought.
     virtual QString valorTrigrama(const QString& dobrado) const = 0;
     // The column as text, NULL as empty: what the folded copy is made of.
@@ -68,6 +71,9 @@ protected:
     virtual bool tabelaExiste(const QString& tabela) = 0;
     virtual void criarIndicesBusca(const DefTabela& t) = 0;
     virtual void prepararEsquema() {}
+    // After the schema is ensured, and before a connection closes: the engine's upkeep.
+    virtual void aposEsquema() {}
+    virtual void antesDeFechar() {}
     virtual ErroConexao traduzErroAbertura(const QString& detalhe) const;
 
     void abrirConexao();

@@ -3,6 +3,7 @@
 #include <QSqlError>
 
 #include "data/Funcoes.h"
+#include "data/Busca.h"
 #include "data/Texto.h"
 
 namespace {
@@ -27,7 +28,19 @@ QString BancoPostgres::expressaoDobrada(const DefColuna& c, bool) const
 
 QString BancoPostgres::condicaoTrigrama(const DefTabela&, const DefColuna& c) const
 {
+    // PostgreSQL's LIKE takes the backslash as its escape unless told otherwise.
     return QStringLiteral("%1 LIKE ?").arg(c.nomeDobrado());
+}
+
+QString BancoPostgres::sondaTrigrama(const DefTabela& t, const DefColuna& c) const
+{
+    return QStringLiteral("SELECT 1 FROM %1 WHERE %2").arg(t.nome, condicaoTrigrama(t, c));
+}
+
+QString BancoPostgres::valorTrigrama(const QString& dobrado) const
+{
+    // A backslash typed (a path, "C:\DADOS") is text, not the escape of the letter after it.
+    return QLatin1Char('%') + Busca::escapaLike(dobrado, false) + QLatin1Char('%');
 }
 
 void BancoPostgres::configurarDriver()

@@ -13,7 +13,8 @@ public:
     QString expressaoDobrada(const DefColuna& c, bool armazenada = true) const override;
     QString comandoInicioEscrita() const override { return QStringLiteral("BEGIN"); }
     QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const override;
-    QString valorTrigrama(const QString& dobrado) const override { return QLatin1Char('%') + dobrado + QLatin1Char('%'); }
+    QString sondaTrigrama(const DefTabela& t, const DefColuna& c) const override;
+    QString valorTrigrama(const QString& dobrado) const override;
 
 protected:
     void configurarDriver() override;

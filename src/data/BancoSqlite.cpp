@@ -21,8 +21,12 @@ QString BancoSqlite::condicaoTrigrama(const DefTabela& t, const DefColuna& c) co
 {
     // A phrase of consecutive trigrams is a substring: the index answers it from its own
     // lists, without reading the rows back.
-    return QStringLiteral("%1 IN (SELECT rowid FROM %2 WHERE %2 MATCH '{%3} : ' || ?)")
-        .arg(t.chave, t.nomeTrigrama(), c.nomeDobrado());
+    return QStringLiteral("%1 IN (%2)").arg(t.chave, sondaTrigrama(t, c));
+}
+
+QString BancoSqlite::sondaTrigrama(const DefTabela& t, const DefColuna& c) const
+{
+    return QStringLiteral("SELECT rowid FROM %1 WHERE %1 MATCH '{%2} : ' || ?").arg(t.nomeTrigrama(), c.nomeDobrado());
 }
 
 QString BancoSqlite::valorTrigrama(const QString& dobrado) const
@@ -80,7 +84,10 @@ void BancoSqlite::aposAbrir()
     // A file that isn't a database only fails on the first read.
     executar(QStringLiteral("PRAGMA foreign_keys = OFF"));
     QSqlQuery q = executar(QStringLiteral("PRAGMA journal_mode = WAL"));
-    executar(QStringLiteral("PRAGMA synchronous = NORMAL"));
+    // FULL: a commit reaches the disk before the save returns. NORMAL would keep the last
+    // orders of the day only in the journal until a checkpoint, and a power cut (a common
+    // thing in a shop) would take them away.
+    executar(QStringLiteral("PRAGMA synchronous = FULL"));
     executar(QStringLiteral("SELECT COUNT(*) FROM sqlite_master"));
 }
 
@@ -125,4 +132,37 @@ void BancoSqlite::criarIndicesBusca(const DefTabela& t)
     executar(QStringLiteral("CREATE TRIGGER %1_au AFTER UPDATE OF %2 ON %3 BEGIN %4 %5 END")
                  .arg(t.nomeTrigrama(), fontes.join(QLatin1Char(',')), t.nome, apaga, insere));
     executar(QStringLiteral("INSERT INTO %1(%1) VALUES ('rebuild')").arg(t.nomeTrigrama()));
+}
+
+BancoSqlite::~BancoSqlite()
+{
+    // The base's destructor can no longer reach antesDeFechar.
+    fechar();
+}
+
+void BancoSqlite::aposEsquema()
+{
+    // A store that has never had its statistics gathered gets them now, bounded so that a
+    // big file doesn't hold the start-up; PRAGMA optimize keeps them fresh afterwards.
+    try {
+        executar(QStringLiteral("PRAGMA analysis_limit = 400"));
+        if (escalar(QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE name = 'sqlite_stat1'")).toInt() == 0)
+            executar(QStringLiteral("ANALYZE"));
+        else
+            executar(QStringLiteral("PRAGMA optimize"));
+    } catch (const ErroBanco&) {
+        // Statistics are an aid to the planner: a busy store simply goes without them now.
+    }
+}
+
+void BancoSqlite::antesDeFechar()
+{
+    // What the connection's queries showed to be stale is analyzed again. Never waits for
+    // another station's write: the window that closes must not hang on it.
+    try {
+        executar(QStringLiteral("PRAGMA busy_timeout = 0"));
+        executar(QStringLiteral("PRAGMA analysis_limit = 400"));
+        executar(QStringLiteral("PRAGMA optimize"));
+    } catch (const ErroBanco&) {
+    }
 }

@@ -12,7 +12,15 @@ Condicao Condicao::e(const Condicao& outra) const
         return outra;
     if (outra.sql.isEmpty())
         return *this;
-    return {QStringLiteral("(%1) AND (%2)").arg(sql, outra.sql), valores + outra.valores};
+    Condicao r{QStringLiteral("(%1) AND (%2)").arg(sql, outra.sql), valores + outra.valores};
+    if (contagem || outra.contagem)
+        r.contagem = std::make_shared<Condicao>(paraContar().e(outra.paraContar()));
+    return r;
+}
+
+Condicao Condicao::paraContar() const
+{
+    return contagem ? *contagem : Condicao{sql, valores};
 }
 
 namespace Busca {
@@ -62,10 +70,23 @@ namespace {
 // the rows it shows, instead of gathering every match through the index and sorting it.
 constexpr int LimiteFrequente = 3000;
 
-bool frequente(Banco& banco, const DefTabela& t, const Condicao& c)
+// Whether the trigram index answers the match of `d`.
+bool porTrigrama(const DefColuna& c, const QString& d, bool meio)
 {
-    return banco.escalar(QStringLiteral("SELECT COUNT(*) FROM (SELECT 1 FROM %1 WHERE %2 LIMIT %3) amostra")
-                             .arg(t.nome, c.sql).arg(LimiteFrequente), c.valores).toInt() >= LimiteFrequente;
+    return meio && !temCuringa(d) && c.meio && d.size() >= 3;
+}
+
+// Counts the matches up to the limit, on the index alone: the probe must cost less than
+// the search it chooses. The trigram index is asked directly; it yields its rows as it
+// finds them, so a common text stops at the limit.
+bool frequente(Banco& banco, const DefTabela& t, const DefColuna& c, const QString& d, bool meio,
+               const Condicao& indexada)
+{
+    const Condicao sonda = porTrigrama(c, d, meio)
+        ? Condicao{banco.sondaTrigrama(t, c), {banco.valorTrigrama(d)}}
+        : Condicao{QStringLiteral("SELECT 1 FROM %1 WHERE %2").arg(t.nome, indexada.sql), indexada.valores};
+    return banco.escalar(QStringLiteral("SELECT COUNT(*) FROM (%1 LIMIT %2) amostra").arg(sonda.sql).arg(LimiteFrequente),
+                         sonda.valores).toInt() >= LimiteFrequente;
 }
 
 // The match of the folded column alone. `indice`: the trigram index may answer it.
@@ -74,7 +95,7 @@ Condicao casaTexto(Banco& banco, const DefTabela& t, const DefColuna& c, const Q
     const QString col = c.nomeDobrado();
     if (!temCuringa(d) && !meio)
         return {QStringLiteral("%1 >= ? AND %1 < ?").arg(col), {d, limiteSuperior(d)}};
-    if (indice && !temCuringa(d) && c.meio && d.size() >= 3)
+    if (indice && porTrigrama(c, d, meio))
         return {banco.condicaoTrigrama(t, c), {banco.valorTrigrama(d)}};
     const QString padrao = (meio ? QStringLiteral("%") : QString()) + escapaLike(d, true) + QStringLiteral("%");
     return {QStringLiteral("%1 LIKE ? ESCAPE '\\'").arg(col), {padrao}};
@@ -90,8 +111,11 @@ Condicao porTexto(Banco& banco, const QString& tabela, const QString& coluna, co
     if (d.isEmpty())
         return {};
     const Condicao indexada = casaTexto(banco, *t, c, d, meio, true);
-    if (meio && frequente(banco, *t, indexada))
-        return casaTexto(banco, *t, c, d, meio, false);
+    if (meio && frequente(banco, *t, c, d, meio, indexada)) {
+        Condicao emOrdem = casaTexto(banco, *t, c, d, meio, false);
+        emOrdem.contagem = std::make_shared<Condicao>(indexada);
+        return emOrdem;
+    }
     return indexada;
 }
 
@@ -115,20 +139,22 @@ Condicao porColuna(Banco& banco, const QString& tabela, const QString& coluna, c
     const QString padraoExcluidos = inicio + escapaLike(d, false) + QStringLiteral("%0%");
     const Condicao linhaExcluida{QStringLiteral("Excluidos = -1 AND %1 LIKE ? ESCAPE '\\'").arg(col), {padraoExcluidos}};
 
+    // A rare text: one lookup of the index, and the flag tested on the rows it gives (an OR
+    // of the two halves at the top would make the engine walk the whole table).
+    const Condicao vivaOuExcluida{QStringLiteral("Excluidos = 0 OR (%1)").arg(linhaExcluida.sql), linhaExcluida.valores};
     const Condicao indexada = d.isEmpty() ? Condicao{} : casaTexto(banco, *t, c, d, meio, true);
-    if (d.isEmpty() || frequente(banco, *t, indexada)) {
-        // A common text: one pass in the list's own order, which stops at the rows shown.
+    if (d.isEmpty() || frequente(banco, *t, c, d, meio, indexada)) {
+        // A common text: one pass in the list's own order, which stops at the rows shown;
+        // a count still goes through the index.
         const Condicao texto = d.isEmpty() ? Condicao{} : casaTexto(banco, *t, c, d, meio, false);
         const Condicao vivos = soVivos().e(texto);
-        return {QStringLiteral("(%1) OR (%2)").arg(vivos.sql, linhaExcluida.sql), vivos.valores + linhaExcluida.valores};
+        Condicao emOrdem{QStringLiteral("(%1) OR (%2)").arg(vivos.sql, linhaExcluida.sql),
+                         vivos.valores + linhaExcluida.valores};
+        if (!d.isEmpty())
+            emOrdem.contagem = std::make_shared<Condicao>(indexada.e(vivaOuExcluida));
+        return emOrdem;
     }
-    // A rare text: both halves through the index, joined by key (an OR of the two would
-    // make the engine walk the whole table).
-    const Condicao vivos = soVivos().e(indexada);
-    const Condicao excluidos = indexada.e(linhaExcluida);
-    return {QStringLiteral("%1 IN (SELECT %1 FROM %2 WHERE %3 UNION ALL SELECT %1 FROM %2 WHERE %4)")
-                .arg(t->chave, t->nome, vivos.sql, excluidos.sql),
-            vivos.valores + excluidos.valores};
+    return indexada.e(vivaOuExcluida);
 }
 
 Condicao porEstado(const QStringList& colunas, const QList<int>& valores, bool envolver)

@@ -3,15 +3,24 @@
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
+#include <memory>
 
 class Banco;
 
 // A WHERE fragment with its bound values.
 struct Condicao {
+    Condicao() = default;
+    Condicao(QString s, QVariantList v = {}) : sql(std::move(s)), valores(std::move(v)) {}
+
     QString sql;
     QVariantList valores;
+    // The same rows in the form that counts them fastest, when it differs: a common text is
+    // read in the list's order, so that the first rows come at once, but counted through
+    // its index.
+    std::shared_ptr<const Condicao> contagem;
 
     Condicao e(const Condicao& outra) const;  // both
+    Condicao paraContar() const;
 };
 
 // The two search patterns of the system, as conditions that the screens pass to a

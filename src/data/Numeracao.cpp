@@ -42,8 +42,13 @@ qint64 proximoCodigo(Banco& banco, const QString& tabela, const QString& coluna,
     const QString chave = chaveContador(tabela, coluna);
     const qint64 emitido = travaContador(banco, chave);
     const QString porOrdem = ordem.isEmpty() ? coluna : ordem;
-    const QVariant ultimo = banco.escalar(
-        QStringLiteral("SELECT %1 FROM %2 ORDER BY %3 DESC NULLS LAST LIMIT 1").arg(coluna, tabela, porOrdem));
+    // The last row that has an order value, read backwards through that column's index
+    // (a NULLS LAST order would make PostgreSQL read the whole table inside the save). A
+    // table whose rows all lack it gives any row, as the classic last row did.
+    QVariant ultimo = banco.escalar(QStringLiteral("SELECT %1 FROM %2 WHERE %3 IS NOT NULL ORDER BY %3 DESC LIMIT 1")
+                                        .arg(coluna, tabela, porOrdem));
+    if (ultimo.isNull() && porOrdem != coluna)
+        ultimo = banco.escalar(QStringLiteral("SELECT %1 FROM %2 LIMIT 1").arg(coluna, tabela));
     QString base = ultimo.isNull() ? QString() : ultimo.toString();
     // A purged row no longer stands last: the highest issued code takes its place.
     if (emitido >= 0 && (base.isEmpty() || emitido > prefixoNumerico(base)))

@@ -101,6 +101,11 @@ int contar(Banco& banco, Lista l)
     return total;
 }
 
+QString consulta(Lista l, const Condicao& c)
+{
+    return QStringLiteral("SELECT %1 FROM OrdemServico WHERE %2 ORDER BY %3").arg(colunasGrade, c.sql, ordemDe(l));
+}
+
 QList<LinhaPainel> linhas(Banco& banco, Lista l)
 {
     QList<LinhaPainel> r;
@@ -121,8 +126,7 @@ QList<LinhaPainel> linhas(Banco& banco, Lista l)
         }
     }
     for (const Condicao& c : condicoes(l)) {
-        QSqlQuery q = banco.executar(QStringLiteral("SELECT %1 FROM OrdemServico WHERE %2 ORDER BY %3")
-                                         .arg(colunasGrade, c.sql, ordemDe(l)), c.valores);
+        QSqlQuery q = banco.executar(consulta(l, c), c.valores);
         while (q.next()) {
             LinhaPainel p;
             p.CodOs = q.value(0).toString();

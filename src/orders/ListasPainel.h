@@ -47,6 +47,9 @@ QList<Condicao> condicoes(Lista l);
 // The condition of the unattended house calls over VisitaTecnico (list 9).
 Condicao condicaoVisitas();
 
+// The SELECT that reads one of a list's conditions over OrdemServico, in the list's order.
+QString consulta(Lista l, const Condicao& c);
+
 int contar(Banco& banco, Lista l);
 QList<LinhaPainel> linhas(Banco& banco, Lista l);
 

@@ -9,7 +9,6 @@ namespace BuscaClientes {
 namespace {
 
 const QString Tabela = QStringLiteral("Cliente");
-const QString Ordem = QStringLiteral("CodCliente");
 
 Resultado le(Banco& banco, const Condicao& c, int limite)
 {
@@ -51,15 +50,21 @@ QString coluna(Opcao opcao)
 
 bool meio(Opcao opcao) { return opcao != Opcao::Nome; }
 
-Resultado buscar(Banco& banco, Opcao opcao, const QString& texto, int limite)
+Condicao condicao(Banco& banco, Opcao opcao, const QString& texto)
 {
-    return le(banco, Busca::porColuna(banco, Tabela, coluna(opcao), texto, meio(opcao)), limite);
+    return Busca::porColuna(banco, Tabela, coluna(opcao), texto, meio(opcao));
 }
 
-Resultado buscarNome(Banco& banco, const QString& texto, int limite)
+Resultado buscar(Banco& banco, Opcao opcao, const QString& texto, int limite)
 {
-    return le(banco, Busca::porTexto(banco, Tabela, QStringLiteral("NomeCliente"), texto, true), limite);
+    return le(banco, condicao(banco, opcao, texto), limite);
 }
+
+Condicao condicaoNome(Banco& banco, const QString& texto)
+{
+    return Busca::porTexto(banco, Tabela, QStringLiteral("NomeCliente"), texto, true);
+}
+
 
 Condicao codigoENome(Banco& banco, const QString& texto)
 {

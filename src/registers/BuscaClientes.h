@@ -15,6 +15,9 @@ namespace BuscaClientes {
 
 enum class Opcao { Codigo, Nome, Telefone, Fax, Celular, CnpjCpf };
 
+// The order every customer list is shown in.
+inline const QString Ordem = QStringLiteral("CodCliente");
+
 struct Resultado {
     QList<QSqlRecord> linhas;  // in code order
     bool haMais = false;       // more rows matched than the limit
@@ -26,11 +29,13 @@ QString coluna(Opcao opcao);
 bool meio(Opcao opcao);
 
 // Live customers whose column matches the typed text (with the old pattern's reach into
-// deleted rows that hold a "0" behind it). At most `limite` rows; 0 means all.
+// deleted rows that hold a "0" behind it).
+Condicao condicao(Banco& banco, Opcao opcao, const QString& texto);
+// The same rows read, at most `limite` of them; 0 means all.
 Resultado buscar(Banco& banco, Opcao opcao, const QString& texto, int limite);
 
 // The name holding the typed text anywhere, deleted customers included.
-Resultado buscarNome(Banco& banco, const QString& texto, int limite);
+Condicao condicaoNome(Banco& banco, const QString& texto);
 
 // The customers whose code joined with their name holds the text anywhere ("12ANA"
 // finds customer 12 ANA, "2AN" too), deleted ones included. Worked out into lookups of

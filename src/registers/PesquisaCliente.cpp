@@ -38,6 +38,7 @@ PesquisaCliente::PesquisaCliente(QWidget* pai) : TelaPesquisa(pai)
     m_plural = QStringLiteral("clientes");
     m_colunaCodigo = QStringLiteral("CodCliente");
     m_colunaNome = QStringLiteral("NomeCliente");
+    m_ordem = BuscaClientes::Ordem;
     const QStringList rotulos = {QStringLiteral("Código"), QStringLiteral("Nome"), QStringLiteral("Telefone"),
                                  QStringLiteral("Fax"), QStringLiteral("Celular"), QStringLiteral("CPF/CNPJ")};
     for (int i = 0; i < Opcoes.size(); ++i)
@@ -104,16 +105,13 @@ void PesquisaCliente::abrirNoModo(const QString& modo)
     });
 }
 
-QList<QSqlRecord> PesquisaCliente::buscaLinhas(const Opcao& opcao, const QString& texto, bool* haMais)
+Condicao PesquisaCliente::condicaoBusca(const Opcao& opcao, const QString& texto)
 {
     BuscaClientes::Opcao qual = BuscaClientes::Opcao::Nome;
     for (BuscaClientes::Opcao o : Opcoes)
         if (BuscaClientes::coluna(o) == opcao.coluna)
             qual = o;
-    const BuscaClientes::Resultado r = BuscaClientes::buscar(*banco(), qual, texto, LimiteLinhas);
-    if (haMais)
-        *haMais = r.haMais;
-    return r.linhas;
+    return BuscaClientes::condicao(*banco(), qual, texto);
 }
 
 void PesquisaCliente::buscaAoDigitar(const QString& texto)
@@ -121,12 +119,11 @@ void PesquisaCliente::buscaAoDigitar(const QString& texto)
     if (!banco())
         return;
     if (texto.isEmpty()) {
-        mostraLinhas({});
+        esvazia();
         return;
     }
     try {
-        const BuscaClientes::Resultado r = BuscaClientes::buscarNome(*banco(), texto, LimiteLinhas);
-        mostraLinhas(r.linhas, r.haMais);
+        mostraConsulta(BuscaClientes::condicaoNome(*banco(), texto), BuscaClientes::Ordem);
     } catch (const ErroBanco& e) {
         Dialogos::erro(this, QStringLiteral("Erro ao pesquisar,"), e.textoCompleto());
     }

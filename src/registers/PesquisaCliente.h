@@ -18,9 +18,6 @@ public:
     enum class Chamador { Menu, EntradaOs, CadCompleto, Pagamento };
     using Retorno = std::function<void(const QSqlRecord& cliente)>;
 
-    // The most rows a search brings to the grid; the caption says when there are more.
-    static constexpr int LimiteLinhas = 500;
-
     explicit PesquisaCliente(QWidget* pai = nullptr);
 
     // Opens (or brings forward) the search and sets the caller's flag. The intake's call
@@ -34,7 +31,7 @@ public:
     static QString nomeFlag(Chamador chamador);
 
 protected:
-    QList<QSqlRecord> buscaLinhas(const Opcao& opcao, const QString& texto, bool* haMais) override;
+    Condicao condicaoBusca(const Opcao& opcao, const QString& texto) override;
     QString textoCelula(const QString& coluna, const QVariant& valor) const override;
     void acaoPadrao(const QSqlRecord& cliente) override;
 

@@ -8,14 +8,15 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QRadioButton>
-#include <QTableWidget>
+#include <QTableView>
 #include <QVBoxLayout>
 
 #include "data/Banco.h"
 #include "data/Busca.h"
 #include "data/Conexoes.h"
-#include "data/Recordset.h"
+#include "data/PaginasBusca.h"
 #include "ui/Dialogos.h"
+#include "ui/ModeloPesquisa.h"
 #include "ui/Pintura.h"
 
 TelaPesquisa::TelaPesquisa(QWidget* pai) : QWidget(pai)
@@ -23,12 +24,16 @@ TelaPesquisa::TelaPesquisa(QWidget* pai) : QWidget(pai)
     auto* raiz = new QVBoxLayout(this);
     m_topo = new QVBoxLayout;
     raiz->addLayout(m_topo);
-    m_gradeW = new QTableWidget(this);
+    m_modelo = new ModeloPesquisa(this);
+    m_gradeW = new QTableView(this);
     m_gradeW->setObjectName(QStringLiteral("Grade"));
+    m_gradeW->setModel(m_modelo);
     m_gradeW->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_gradeW->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_gradeW->setSelectionMode(QAbstractItemView::SingleSelection);
     m_gradeW->verticalHeader()->hide();
+    // Every line the same height: the grid then asks only for the rows it shows.
+    m_gradeW->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_gradeW->installEventFilter(this);
     raiz->addWidget(m_gradeW, 1);
     m_codigo = new QLineEdit(this);
@@ -37,14 +42,18 @@ TelaPesquisa::TelaPesquisa(QWidget* pai) : QWidget(pai)
     m_nome = new QLineEdit(this);
     m_nome->setObjectName(QStringLiteral("Text3"));
     m_nome->hide();
-    connect(m_gradeW, &QTableWidget::cellClicked, this, [this](int linha) {
-        if (linha < 0 || linha >= m_linhas.size())
+    connect(m_gradeW, &QTableView::clicked, this, [this](const QModelIndex& i) {
+        if (m_modelo->temConvite() || !i.isValid())
             return;
-        m_linhaEscolhida = linha;
-        m_codigo->setText(m_linhas[linha].value(m_colunaCodigo).toString());
-        m_nome->setText(m_linhas[linha].value(m_colunaNome).toString());
+        m_linhaEscolhida = i.row();
+        m_codigo->setText(m_modelo->valor(i.row(), m_colunaCodigo).toString());
+        m_nome->setText(m_modelo->valor(i.row(), m_colunaNome).toString());
     });
-    connect(m_gradeW, &QTableWidget::cellDoubleClicked, this, [this](int linha) { escolhe(linha); });
+    connect(m_gradeW, &QTableView::doubleClicked, this, [this](const QModelIndex& i) { escolhe(i.row()); });
+    connect(m_modelo, &ModeloPesquisa::falhou, this, [this](const QString& msg) {
+        atualizaTitulo();
+        Dialogos::erro(this, QStringLiteral("Erro ao pesquisar,"), msg);
+    });
     resize(720, 460);
 }
 
@@ -72,14 +81,14 @@ bool TelaPesquisa::iniciar()
         m_topo->addWidget(t);
         m_textos << t;
     }
-    m_gradeW->setColumnCount(m_grade.size());
-    QStringList titulos;
+    QList<ModeloPesquisa::Coluna> colunas;
+    for (const ColunaGrade& c : std::as_const(m_grade))
+        colunas << ModeloPesquisa::Coluna{c.coluna, c.titulo};
+    m_modelo->defineColunas(colunas, [this](const QString& coluna, const QVariant& v) { return textoCelula(coluna, v); });
     for (int c = 0; c < m_grade.size(); ++c) {
-        titulos << m_grade[c].titulo;
         m_gradeW->setColumnWidth(c, m_grade[c].largura);
         m_gradeW->setColumnHidden(c, m_grade[c].largura <= 0);
     }
-    m_gradeW->setHorizontalHeaderLabels(titulos);
     limpaGrade();
     escolheOpcao(0);
     setWindowTitle(m_titulo);
@@ -90,14 +99,19 @@ bool TelaPesquisa::iniciar()
 
 void TelaPesquisa::limpaGrade()
 {
-    m_linhas.clear();
     m_linhaEscolhida = -1;
-    m_gradeW->setRowCount(1);
-    m_gradeW->clearContents();
-    m_gradeW->setItem(0, 0, new QTableWidgetItem(textoInicial()));
+    m_modelo->convite(textoInicial());
     // The invitation reads across the whole first line, however narrow the first column.
-    if (m_gradeW->columnCount() > 1)
-        m_gradeW->setSpan(0, 0, 1, m_gradeW->columnCount());
+    if (m_modelo->columnCount() > 1)
+        m_gradeW->setSpan(0, 0, 1, m_modelo->columnCount());
+}
+
+void TelaPesquisa::esvazia()
+{
+    m_gradeW->clearSpans();
+    m_linhaEscolhida = -1;
+    m_modelo->limpar();
+    setWindowTitle(m_titulo);
 }
 
 void TelaPesquisa::escolheOpcao(int i)
@@ -119,16 +133,13 @@ void TelaPesquisa::pesquisa()
         return;
     const QString texto = m_textos[m_opcao]->text();
     if (texto.isEmpty()) {
-        m_gradeW->setRowCount(0);
-        m_linhas.clear();
+        esvazia();
         return;
     }
     const Opcao& op = m_opcoes[m_opcao];
     QApplication::setOverrideCursor(Qt::WaitCursor);
     try {
-        bool haMais = false;
-        const QList<QSqlRecord> linhas = buscaLinhas(op, texto, &haMais);
-        mostraLinhas(linhas, haMais);
+        mostraConsulta(condicaoBusca(op, texto), m_ordem.isEmpty() ? op.coluna : m_ordem);
     } catch (const ErroBanco& e) {
         QApplication::restoreOverrideCursor();
         Dialogos::erro(this, QStringLiteral("Erro ao pesquisar,"), e.textoCompleto());
@@ -142,34 +153,15 @@ void TelaPesquisa::listaTodos()
     if (!m_banco)
         return;
     try {
-        mostra({}, {}, m_ordem);
+        mostraConsulta({}, m_ordem);
     } catch (const ErroBanco& e) {
         Dialogos::erro(this, QStringLiteral("Erro ao pesquisar,"), e.textoCompleto());
     }
 }
 
-QList<QSqlRecord> TelaPesquisa::buscaLinhas(const Opcao& op, const QString& texto, bool* haMais)
+Condicao TelaPesquisa::condicaoBusca(const Opcao& op, const QString& texto)
 {
-    const Condicao c = Busca::porColuna(*m_banco, m_tabela, op.coluna, texto, op.meio);
-    if (haMais)
-        *haMais = false;
-    return leLinhas(c.sql, c.valores, m_ordem.isEmpty() ? op.coluna : m_ordem);
-}
-
-QList<QSqlRecord> TelaPesquisa::leLinhas(const QString& onde, const QVariantList& valores, const QString& ordem)
-{
-    Recordset rs(*m_banco);
-    rs.abrir(m_tabela, onde, valores, ordem);
-    QList<QSqlRecord> linhas;
-    for (rs.moveFirst(); !rs.eof(); rs.moveNext())
-        linhas << rs.registro();
-    return linhas;
-}
-
-bool TelaPesquisa::mostra(const QString& onde, const QVariantList& valores, const QString& ordem)
-{
-    mostraLinhas(leLinhas(onde, valores, ordem));
-    return !m_linhas.isEmpty();
+    return Busca::porColuna(*m_banco, m_tabela, op.coluna, texto, op.meio);
 }
 
 QString TelaPesquisa::textoCelula(const QString&, const QVariant& valor) const
@@ -177,32 +169,38 @@ QString TelaPesquisa::textoCelula(const QString&, const QVariant& valor) const
     return valor.toString();
 }
 
-void TelaPesquisa::mostraLinhas(const QList<QSqlRecord>& linhas, bool haMais)
+void TelaPesquisa::mostraConsulta(const Condicao& onde, const QString& ordem)
 {
-    m_linhas = linhas;
+    if (!m_banco)
+        return;
+    QStringList colunas;
+    for (const ColunaGrade& c : std::as_const(m_grade))
+        colunas << c.coluna;
+    for (const QString& c : {m_colunaCodigo, m_colunaNome})
+        if (!c.isEmpty() && !colunas.contains(c, Qt::CaseInsensitive))
+            colunas << c;
     m_gradeW->clearSpans();
-    m_gradeW->clearContents();
-    m_gradeW->setRowCount(m_linhas.size());
-    for (int r = 0; r < m_linhas.size(); ++r)
-        for (int c = 0; c < m_grade.size(); ++c)
-            m_gradeW->setItem(r, c, new QTableWidgetItem(textoCelula(m_grade[c].coluna, m_linhas[r].value(m_grade[c].coluna))));
     m_linhaEscolhida = -1;
-    const QString quantos = m_plural.isEmpty() ? QString::number(m_linhas.size())
-                                               : QStringLiteral("%1 %2").arg(m_linhas.size()).arg(m_plural);
+    m_modelo->abrir(std::make_unique<PaginasBusca>(*m_banco, m_tabela, onde, ordem, colunas));
+    atualizaTitulo();
+}
+
+int TelaPesquisa::encontrados() const { return int(m_modelo->total()); }
+
+void TelaPesquisa::atualizaTitulo()
+{
+    const qint64 n = m_modelo->total();
+    const QString quantos = m_plural.isEmpty() ? QString::number(n) : QStringLiteral("%1 %2").arg(n).arg(m_plural);
     const QString cabeca = m_tituloContagem.isEmpty() ? m_titulo : m_tituloContagem;
-    if (m_linhas.isEmpty())
+    if (n == 0)
         setWindowTitle(m_titulo);
-    else if (haMais)
-        // Only the first rows come to the grid; the note tells so, and a longer text narrows it.
-        setWindowTitle(QStringLiteral("%1 - mais de %2 encontrados (mostrando os %3 primeiros)")
-                           .arg(cabeca, quantos).arg(m_linhas.size()));
     else
         setWindowTitle(QStringLiteral("%1 - %2 encontrados").arg(cabeca, quantos));
 }
 
 void TelaPesquisa::defineLarguraColuna(int coluna, int largura)
 {
-    if (coluna < 0 || coluna >= m_gradeW->columnCount())
+    if (coluna < 0 || coluna >= m_modelo->columnCount())
         return;
     m_gradeW->setColumnHidden(coluna, largura <= 0);
     if (largura > 0)
@@ -229,9 +227,20 @@ bool TelaPesquisa::chamadorDefinido(const QString& flag) const
 
 void TelaPesquisa::escolhe(int linha)
 {
-    if (linha < 0 || linha >= m_linhas.size())
+    if (m_modelo->temConvite() || linha < 0 || linha >= m_modelo->total())
         return;
-    const QSqlRecord reg = m_linhas[linha];
+    QSqlRecord reg;
+    try {
+        reg = m_modelo->registro(linha);
+    } catch (const ErroBanco& e) {
+        Dialogos::erro(this, QStringLiteral("Erro ao pesquisar,"), e.textoCompleto());
+        return;
+    }
+    if (reg.isEmpty()) {
+        // Another station removed it for good since the search.
+        Dialogos::mensagem(this, QStringLiteral("Este registro não existe mais; pesquise novamente."), m_titulo);
+        return;
+    }
     m_codigo->setText(reg.value(m_colunaCodigo).toString());
     m_nome->setText(reg.value(m_colunaNome).toString());
     // The screen's order first, then any flag it doesn't know, in the order set.
@@ -257,7 +266,7 @@ bool TelaPesquisa::eventFilter(QObject* alvo, QEvent* e)
         auto* k = static_cast<QKeyEvent*>(e);
         if (k->key() == Qt::Key_Return || k->key() == Qt::Key_Enter) {
             if (alvo == m_gradeW) {
-                escolhe(m_gradeW->currentRow());
+                escolhe(m_gradeW->currentIndex().row());
                 return true;
             }
             if (m_textos.contains(qobject_cast<QLineEdit*>(alvo))) {

@@ -6,16 +6,21 @@
 #include <functional>
 #include <memory>
 
+#include "data/Busca.h"
+
 class Banco;
+class ModeloPesquisa;
 class QLineEdit;
 class QRadioButton;
-class QTableWidget;
+class QTableView;
 class QVBoxLayout;
 
 // The search screens: one option Option1(i) per search column with its box Text1(i), of
 // which only the chosen one shows; Enter runs the search into the grid Grade; a click
 // keeps the row's code and name in the hidden Text2 and Text3; a double click or Enter
-// on the grid is the choice, handed to the screen that asked for the search.
+// on the grid is the choice, handed to the screen that asked for the search. The grid
+// holds every row found, read as it scrolls (ModeloPesquisa), with the exact count in the
+// caption.
 class TelaPesquisa : public QWidget {
     Q_OBJECT
 public:
@@ -43,7 +48,7 @@ public:
     // Runs the search of the chosen option with the text of its box.
     void pesquisa();
     void escolhe(int linha);
-    int encontrados() const { return m_linhas.size(); }
+    int encontrados() const;
     // A caller may narrow the grid: width in pixels, 0 hides the column.
     void defineLarguraColuna(int coluna, int largura);
     static QString textoInicial() { return QStringLiteral("Escolha um item acima,digite e aperte enter"); }
@@ -68,32 +73,32 @@ protected:
     void listaTodos();
     QVBoxLayout* layoutTopo() const { return m_topo; }
     Banco* banco() const { return m_banco.get(); }
-    // The rows of an option's search. The default reads every row of the option's pattern;
-    // a screen over a big table answers with its first rows and sets `haMais` when more
-    // remain.
-    virtual QList<QSqlRecord> buscaLinhas(const Opcao& opcao, const QString& texto, bool* haMais);
+    // The rows of an option's search: by default the option's column among live rows.
+    virtual Condicao condicaoBusca(const Opcao& opcao, const QString& texto);
     // How a grid cell shows its column's value (the masks of documents and telephones).
     virtual QString textoCelula(const QString& coluna, const QVariant& valor) const;
     // The choice when no calling place has set its flag.
     virtual void acaoPadrao(const QSqlRecord&) {}
-    // Fills the grid and the caption with the rows found.
-    void mostraLinhas(const QList<QSqlRecord>& linhas, bool haMais = false);
+    // Shows in the grid the rows of the table that meet `onde`, in `ordem`, and their
+    // count in the caption. Throws ErroBanco.
+    void mostraConsulta(const Condicao& onde, const QString& ordem);
+    // No rows and the plain caption (an empty text typed).
+    void esvazia();
     void closeEvent(QCloseEvent* e) override;
     void showEvent(QShowEvent* e) override;
     bool eventFilter(QObject* alvo, QEvent* e) override;
 
 private:
     void limpaGrade();
-    bool mostra(const QString& onde, const QVariantList& valores, const QString& ordem);
-    QList<QSqlRecord> leLinhas(const QString& onde, const QVariantList& valores, const QString& ordem);
+    void atualizaTitulo();
     std::unique_ptr<Banco> m_banco;
     QList<QRadioButton*> m_botoesOpcao;
     QList<QLineEdit*> m_textos;
     QLineEdit* m_codigo = nullptr;
     QLineEdit* m_nome = nullptr;
-    QTableWidget* m_gradeW = nullptr;
+    QTableView* m_gradeW = nullptr;
+    ModeloPesquisa* m_modelo = nullptr;
     QVBoxLayout* m_topo = nullptr;
-    QList<QSqlRecord> m_linhas;
     QList<QPair<QString, Acao>> m_chamadores;
     int m_opcao = 0;
     int m_linhaEscolhida = -1;

@@ -2,6 +2,7 @@
 #include <QTest>
 
 #include "apoio/BancoTeste.h"
+#include "data/Conexoes.h"
 #include "data/Recordset.h"
 #include "data/Transacao.h"
 
@@ -245,6 +246,47 @@ private slots:
         rs.definir("Sintoma", QString(10000, QChar(0x00E7)));
         rs.update();
         QCOMPARE(b->escalar("SELECT Sintoma FROM OrdemServico").toString().size(), 10000);
+    }
+
+    void todaConexaoGravaNoDisco()
+    {
+        // Every way the program opens the embedded store must flush each commit (FULL is
+        // 2): the shared slots, a screen's own connection, and a connection reopened after
+        // a restore.
+        BancoTeste b(Motor::SQLite);
+        QVERIFY(b.pronto());
+        auto sincrono = [](Banco& banco) { return banco.escalar("PRAGMA synchronous").toInt(); };
+        QCOMPARE(sincrono(b.banco()), 2);
+        Conexoes::configurar(b.config());
+        auto propria = Conexoes::nova();
+        QVERIFY(propria);
+        QCOMPARE(sincrono(*propria), 2);
+        for (int slot = 1; slot <= 5; ++slot) {
+            QVERIFY(Conexoes::abreConexao(slot));
+            QCOMPARE(sincrono(*Conexoes::slot(slot)), 2);
+        }
+        QVERIFY(Conexoes::reabrirTodas());
+        QCOMPARE(sincrono(*propria), 2);
+        QCOMPARE(sincrono(*Conexoes::slot(3)), 2);
+        QCOMPARE(b->escalar("PRAGMA journal_mode").toString(), QString("wal"));
+        Conexoes::fecharSlots();
+    }
+
+    void estatisticasDoPlanejador()
+    {
+        // A store whose statistics were never gathered (or were lost) gets them at the
+        // next start, so the planner picks the search indexes on a big file.
+        BancoTeste b(Motor::SQLite);
+        QVERIFY(b.pronto());
+        {
+            Transacao tr(b.banco());
+            for (int i = 1; i <= 300; ++i)
+                b->executar("INSERT INTO Cliente (CodCliente, NomeCliente) VALUES (?, ?)", {i, QString("NOME %1").arg(i)});
+            tr.commit();
+        }
+        b->executar("DROP TABLE IF EXISTS sqlite_stat1");
+        b->garantirEsquema();
+        QVERIFY(b->escalar("SELECT COUNT(*) FROM sqlite_stat1 WHERE tbl = 'Cliente'").toInt() > 0);
     }
 
     void arquivoQueNaoEBanco()

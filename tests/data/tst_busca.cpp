@@ -25,6 +25,10 @@ class TesteBusca : public QObject {
             {45, "", "", 0},
             {7, "ANA_B", "555", 0},
             {70, "Zé", "1212", -1},
+            {88, "C:\\DADOS\\ANA", "", 0},            // a path typed as a name
+            {89, "C:DADOS ANA", "", 0},                  // the same without the backslash
+            {90, "C:XDADOS", "", 0},
+            {91, "ARQ \\\\SERVIDOR", "", -1},          // deleted, no "0" behind the text
         };
     }
 
@@ -86,6 +90,12 @@ private slots:
             {"telephone in the middle", "Telefone", "3333", true},
             {"telephone with digits of the flag", "Telefone", "0", true},
             {"nothing matches", "NomeCliente", "xyz", false},
+            {"backslash in the middle is text", "NomeCliente", "C:\\DADOS", true},
+            {"backslash at the beginning is text", "NomeCliente", "C:\\D", false},
+            {"backslash before a letter in the middle", "NomeCliente", ":\\DA", true},
+            {"backslash after the text sought", "NomeCliente", "DADOS\\", true},
+            {"two backslashes", "NomeCliente", "\\\\SERV", true},
+            {"backslash and a typed wildcard", "NomeCliente", "C:\\%ANA", false},
         };
         for (int motor : {int(Motor::SQLite), int(Motor::PostgreSQL)})
             for (const auto& [nome, coluna, digitado, meio] : casos)
@@ -102,6 +112,7 @@ private slots:
         preenche(b.banco());
         const Condicao c = Busca::porColuna(b.banco(), "Cliente", coluna, digitado, meio);
         QCOMPARE(obtido(b.banco(), c), esperado(coluna, digitado, meio));
+        QCOMPARE(obtido(b.banco(), c.paraContar()), esperado(coluna, digitado, meio));
     }
 
     void textoNuncaMudaAConsulta_data() { linhasMotores(); }
@@ -110,7 +121,8 @@ private slots:
         BANCO_DO_MOTOR(b);
         preenche(b.banco());
         for (const QString& ataque : {QStringLiteral("' OR 1=1 --"), QStringLiteral("x'); DROP TABLE Cliente; --"),
-                                      QString(10000, QLatin1Char('a')), QStringLiteral("\\"), QStringLiteral("%\\%")}) {
+                                      QString(10000, QLatin1Char('a')), QStringLiteral("\\"), QStringLiteral("%\\%"),
+                                      QStringLiteral("\\DADOS"), QStringLiteral("S\\")}) {
             const Condicao c = Busca::porColuna(b.banco(), "Cliente", "NomeCliente", ataque, true);
             QCOMPARE(obtido(b.banco(), c), esperado("NomeCliente", ataque, true));
         }
@@ -144,6 +156,8 @@ private slots:
                     esperados.insert(i + 1);
             const Condicao c = Busca::porColuna(b.banco(), "Cliente", "NomeCliente", digitado, meio);
             QCOMPARE(obtido(b.banco(), c), esperados);
+            // Counted through the index, a common text gives the same rows.
+            QCOMPARE(obtido(b.banco(), c.paraContar()), esperados);
         }
     }
 

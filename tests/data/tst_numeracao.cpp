@@ -81,6 +81,20 @@ private slots:
         QVERIFY(codigos(b.banco()).contains(2345679));
     }
 
+    void linhasSemCodigoNaoContam_data() { linhasMotores(); }
+    void linhasSemCodigoNaoContam()
+    {
+        // Rows saved without a code (an old store) never stand as "the last": the next code
+        // follows the highest one, on both engines' orderings of NULL.
+        BANCO_DO_MOTOR(b);
+        b->executar("INSERT INTO Cliente (CodCliente, NomeCliente) VALUES (NULL, 'SEM'), (41, 'A'), (NULL, 'SEM')");
+        Transacao tr(b.banco());
+        QCOMPARE(Numeracao::proximoCodigo(b.banco(), "Cliente", "CodCliente"), 42);
+        // Numbered by another column: the code of the row that is last by that column.
+        b->executar("INSERT INTO DefeitoReclamado (CodDefeito) VALUES ('7'), ('30'), ('12')");
+        QCOMPARE(Numeracao::proximoCodigo(b.banco(), "DefeitoReclamado", "CodDefeito", "Codigo"), 13);
+    }
+
     void transacaoDesfeitaNaoQueimaCodigo_data() { linhasMotores(); }
     void transacaoDesfeitaNaoQueimaCodigo()
     {

@@ -170,6 +170,24 @@ private slots:
             QCOMPARE(Datas::bancoParaTela(*b), tela);
         }
     }
+
+    void dataGravadaNaTela_data()
+    {
+        QTest::addColumn<QString>("gravada");
+        QTest::addColumn<QString>("tela");
+        QTest::newRow("stored form") << "2009/01/31" << "31/01/2009";
+        QTest::newRow("leap day") << "2024/02/29" << "29/02/2024";
+        QTest::newRow("impossible date shown as stored") << "2023/02/29" << "2023/02/29";
+        QTest::newRow("letters shown as stored") << "20a9/01/31" << "20a9/01/31";
+        QTest::newRow("blank after it") << "2009/01/31 " << "31/01/2009";
+        QTest::newRow("empty") << "" << "";
+    }
+    void dataGravadaNaTela()
+    {
+        QFETCH(QString, gravada);
+        QFETCH(QString, tela);
+        QCOMPARE(Datas::bancoParaTela(gravada), tela);
+    }
 };
 
 QTEST_GUILESS_MAIN(TesteValores)

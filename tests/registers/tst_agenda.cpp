@@ -2,6 +2,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableWidget>
+
+#include "apoio/GradeTeste.h"
 #include <QtTest>
 
 #include "apoio/BancoTeste.h"
@@ -172,11 +174,11 @@ private slots:
         PesquisaContato p;
         p.show();
         QCOMPARE(p.windowTitle(), QString("Busca agenda - 2 encontrados"));
-        auto* grade = campo<QTableWidget>(&p, "Grade");
-        QCOMPARE(grade->columnCount(), 3);
-        QCOMPARE(grade->item(0, 0)->text(), QString("ANA"));
-        QCOMPARE(grade->item(0, 1)->text(), QString("2222"));
-        emit grade->cellDoubleClicked(0, 0);
+        auto* grade = campo<QTableView>(&p, "Grade");
+        QCOMPARE(GradeTeste::colunas(grade), 3);
+        QCOMPARE(GradeTeste::celula(grade, 0, 0), QString("ANA"));
+        QCOMPARE(GradeTeste::celula(grade, 0, 1), QString("2222"));
+        emit grade->doubleClicked(grade->model()->index(0, 0));
         auto* tela = qobject_cast<Agenda*>(RegistroTelas::aberta("Agenda"));
         QVERIFY(tela);
         QCOMPARE(tela->chaveAtual(), ana);

@@ -1,6 +1,7 @@
 #include <QtTest>
 
 #include "apoio/BancoTeste.h"
+#include "data/PaginasBusca.h"
 #include "data/Recordset.h"
 #include "data/Texto.h"
 #include "registers/BuscaClientes.h"
@@ -106,7 +107,12 @@ private slots:
     {
         BANCO_DO_MOTOR(b);
         enche(b.banco());
-        QCOMPARE(codigos(BuscaClientes::buscarNome(b.banco(), "ana", 0).linhas), (QList<int>{1, 12, 1203}));
+        const Condicao c = BuscaClientes::condicaoNome(b.banco(), "ana");
+        PaginasBusca pg(b.banco(), "Cliente", c, BuscaClientes::Ordem, {"CodCliente"});
+        QList<int> achados;
+        for (const QVariantList& l : pg.proximas(100))
+            achados << l.value(0).toInt();
+        QCOMPARE(achados, (QList<int>{1, 12, 1203}));
     }
 
     // The register's box matches code and name as one text; the lookups through the

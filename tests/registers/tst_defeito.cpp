@@ -3,6 +3,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableWidget>
+
+#include "apoio/GradeTeste.h"
 #include <QtTest>
 
 #include "apoio/BancoTeste.h"
@@ -167,11 +169,10 @@ private slots:
         PesquisaDefeito p;
         p.show();
         QCOMPARE(p.windowTitle(), QString("Busca Solução - 2 encontrados"));
-        auto* grade = campo<QTableWidget>(&p, "Grade");
-        QCOMPARE(grade->rowCount(), 2);
-        QCOMPARE(grade->item(0, 1)->text(), QString("AOC"));
-        grade->setCurrentCell(0, 0);
-        QTest::keyClick(grade, Qt::Key_Return);
+        auto* grade = campo<QTableView>(&p, "Grade");
+        QCOMPARE(GradeTeste::linhas(grade), 2);
+        QCOMPARE(GradeTeste::celula(grade, 0, 1), QString("AOC"));
+        GradeTeste::escolhe(grade, 0);
         auto* tela = qobject_cast<Defeito*>(RegistroTelas::aberta("Defeito"));
         QVERIFY(tela);
         QCOMPARE(tela->chaveAtual(), aoc);

@@ -2,10 +2,12 @@
 #include <QMdiArea>
 #include <QRadioButton>
 #include <QSqlRecord>
-#include <QTableWidget>
+#include <QScrollBar>
+#include <QTableView>
 #include <QtTest>
 
 #include "apoio/BancoTeste.h"
+#include "apoio/GradeTeste.h"
 #include "data/Conexoes.h"
 #include "data/Sessao.h"
 #include "registers/Cliente.h"
@@ -23,7 +25,7 @@ class TstPesquisaCliente : public QObject {
         tela = qobject_cast<PesquisaCliente*>(RegistroTelas::abrir("PesquisaCliente"));
         QVERIFY(tela);
     }
-    QTableWidget* grade() { return tela->findChild<QTableWidget*>("Grade"); }
+    QTableView* grade() { return tela->findChild<QTableView*>("Grade"); }
     void busca(int opcao, const QString& t)
     {
         QTest::mouseClick(tela->findChild<QRadioButton*>(QString("Option1(%1)").arg(opcao)), Qt::LeftButton);
@@ -31,7 +33,7 @@ class TstPesquisaCliente : public QObject {
         caixa->setText(t);
         QTest::keyClick(caixa, Qt::Key_Return);
     }
-    QString celula(int linha, int coluna) { return grade()->item(linha, coluna)->text(); }
+    QString celula(int linha, int coluna) { return GradeTeste::celula(grade(), linha, coluna); }
 
 private slots:
     void init()
@@ -82,7 +84,7 @@ private slots:
         QFETCH(QString, titulo);
         busca(opcao, texto);
         QStringList achados;
-        for (int r = 0; r < grade()->rowCount(); ++r)
+        for (int r = 0; r < GradeTeste::linhas(grade()); ++r)
             achados << celula(r, 0);
         QCOMPARE(achados, codigos);
         QCOMPARE(tela->windowTitle(), titulo);
@@ -92,8 +94,8 @@ private slots:
     {
         busca(2, "3333");
         QStringList titulos;
-        for (int c = 0; c < grade()->columnCount(); ++c)
-            titulos << grade()->horizontalHeaderItem(c)->text();
+        for (int c = 0; c < GradeTeste::colunas(grade()); ++c)
+            titulos << GradeTeste::titulo(grade(), c);
         QCOMPARE(titulos, (QStringList{"Código", "Nome", "Telefone", "Celular", "Tel/Fax", "Cpf/Cnpj"}));
         QCOMPARE(celula(0, 2), QString("(11)3333-1000"));
         QCOMPARE(celula(0, 5), QString("111-444-777/35"));
@@ -103,26 +105,53 @@ private slots:
     void buscaAoDigitarMostraExcluidos()
     {
         tela->findChild<QLineEdit*>("Text4")->setText("an");
-        QCOMPARE(grade()->rowCount(), 2);
+        QCOMPARE(GradeTeste::linhas(grade()), 2);
         QCOMPARE(celula(1, 1), QString("ANALU"));
         QCOMPARE(tela->windowTitle(), QString("Busca Cliente - 2 clientes encontrados"));
     }
 
-    void muitasLinhasAvisamNaLegenda()
+    void todasAsLinhasSemLimite_data() { linhasMotores(); }
+    void todasAsLinhasSemLimite()
     {
-        for (int i = 0; i < PesquisaCliente::LimiteLinhas + 1; ++i)
-            b->banco().executar("INSERT INTO Cliente (CodCliente, NomeCliente) VALUES (?, ?)",
-                                {5000 + i, QString("ANTONIO %1").arg(i)});
+        // A common name in a big file: every row found is in the grid, in code order, read
+        // as it scrolls, and the caption gives the exact count.
+        RegistroTelas::fecharTodas();
+        BANCO_DO_MOTOR(grande);
+        grande->executar("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 20000) "
+                         "INSERT INTO Cliente (CodCliente, NomeCliente, Excluidos) "
+                         "SELECT i, 'ANTONIO ' || i, CASE WHEN i % 1000 = 0 THEN -1 ELSE 0 END FROM n");
+        // Customers of an old store without a code come first, as the classic list put them.
+        grande->executar("INSERT INTO Cliente (NomeCliente) VALUES ('ANTONIO SEM CODIGO'), ('ANTONIO SEM CODIGO 2')");
+        Conexoes::configurar(grande.config());
+        abre();
         busca(1, "ANT");
-        QCOMPARE(grade()->rowCount(), PesquisaCliente::LimiteLinhas);
-        QCOMPARE(tela->windowTitle(), QString("Busca Cliente - mais de 500 clientes encontrados (mostrando os 500 primeiros)"));
+        // The twenty deleted ones show too: their names hold a "0" behind the text typed,
+        // which the old pattern takes for the flag.
+        const int esperadas = 20000 + 2;
+        QCOMPARE(tela->windowTitle(), QString("Busca Cliente - %1 clientes encontrados").arg(esperadas));
+        QCOMPARE(GradeTeste::linhas(grade()), esperadas);
+        grade()->scrollToBottom();
+        QCoreApplication::processEvents();
+        QCOMPARE(celula(esperadas - 1, 0), QString("20000"));
+        QStringList codigos;
+        for (int r = 0; r < esperadas; ++r)
+            codigos << celula(r, 0);
+        QCOMPARE(codigos.mid(0, 3), (QStringList{"", "", "1"}));
+        for (int r = 2; r < esperadas; ++r)
+            QCOMPARE(codigos[r].toInt(), r - 1);
+        // The choice far down hands over that very customer.
+        QString escolhido;
+        tela->defineChamador(PesquisaCliente::Chamador::Pagamento,
+                             [&](const QSqlRecord& c) { escolhido = c.value("NomeCliente").toString(); });
+        GradeTeste::escolhe(grade(), esperadas - 2);
+        QCOMPARE(escolhido, QString("ANTONIO 19999"));
+        RegistroTelas::fecharTodas();
     }
 
     void escolhaDoMenuAbreOCadastro()
     {
         busca(1, "bru");
-        grade()->setCurrentCell(0, 1);
-        QTest::keyClick(grade(), Qt::Key_Return);
+        GradeTeste::escolhe(grade(), 0);
         auto* cadastro = qobject_cast<Cliente*>(RegistroTelas::aberta("Cliente"));
         QVERIFY(cadastro);
         QCOMPARE(cadastro->findChild<QLineEdit*>("Text1(0)")->text(), QString("BRUNO"));
@@ -138,8 +167,7 @@ private slots:
         QTest::keyClicks(nome, "ZE");
         abre();
         busca(1, "bru");
-        grade()->setCurrentCell(0, 0);
-        QTest::keyClick(grade(), Qt::Key_Return);
+        GradeTeste::escolhe(grade(), 0);
         QCOMPARE(nome->text(), QString("ZE"));
         QCOMPARE(cadastro->estado(), TelaCadastro::Estado::Inclusao);
         QVERIFY(Dialogos::Roteiro::contem("Salve ou cancele"));
@@ -155,8 +183,7 @@ private slots:
         // The intake's call starts on the name.
         QVERIFY(tela->findChild<QRadioButton*>("Option1(1)")->isChecked());
         busca(1, "ana");
-        grade()->setCurrentCell(0, 0);
-        QTest::keyClick(grade(), Qt::Key_Return);
+        GradeTeste::escolhe(grade(), 0);
         QCOMPARE(chamados, QStringList{"Entrada ANA SOUZA"});
         QVERIFY(!RegistroTelas::aberta("Cliente"));
         QTRY_VERIFY(!tela);

@@ -1,6 +1,8 @@
 #include <QLineEdit>
 #include <QSqlRecord>
 #include <QTableWidget>
+
+#include "apoio/GradeTeste.h"
 #include <QtTest>
 
 #include "apoio/BancoTeste.h"
@@ -13,7 +15,7 @@ class TstPesquisaFornecedor : public QObject {
     Q_OBJECT
     std::unique_ptr<BancoTeste> b;
 
-    QTableWidget* grade(QWidget* w) { return w->findChild<QTableWidget*>("Grade"); }
+    QTableView* grade(QWidget* w) { return w->findChild<QTableView*>("Grade"); }
 
 private slots:
     void init()
@@ -48,10 +50,10 @@ private slots:
         QWidget* tela = RegistroTelas::abrir("PesquisaFornecedor");
         QCOMPARE(tela->windowTitle(), titulo);
         if (quantos) {
-            QCOMPARE(grade(tela)->rowCount(), 3);
-            QCOMPARE(grade(tela)->item(0, 1)->text(), QString("ACME"));
-            QCOMPARE(grade(tela)->item(2, 1)->text(), QString("ZETA"));
-            QCOMPARE(grade(tela)->item(0, 3)->text(), QString("TVs"));
+            QCOMPARE(GradeTeste::linhas(grade(tela)), 3);
+            QCOMPARE(GradeTeste::celula(grade(tela), 0, 1), QString("ACME"));
+            QCOMPARE(GradeTeste::celula(grade(tela), 2, 1), QString("ZETA"));
+            QCOMPARE(GradeTeste::celula(grade(tela), 0, 3), QString("TVs"));
         }
     }
 
@@ -77,16 +79,14 @@ private slots:
         QString escolhido;
         auto* tela = PesquisaFornecedor::abrirPara(PesquisaFornecedor::Chamador::Produto,
                                                    [&](const QSqlRecord& f) { escolhido = f.value("NomeEmpresa").toString(); });
-        grade(tela)->setCurrentCell(0, 0);
-        QTest::keyClick(grade(tela), Qt::Key_Return);
+        GradeTeste::escolhe(grade(tela), 0);
         QCOMPARE(escolhido, QString("ACME"));
         QVERIFY(!RegistroTelas::aberta("Fornecedor"));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
         // The menu's list: the register opens on the supplier, deleted as it is.
         QWidget* lista = RegistroTelas::abrir("PesquisaFornecedor");
-        grade(lista)->setCurrentCell(0, 0);
-        QTest::keyClick(grade(lista), Qt::Key_Return);
+        GradeTeste::escolhe(grade(lista), 0);
         QWidget* cadastro = RegistroTelas::aberta("Fornecedor");
         QVERIFY(cadastro);
         QCOMPARE(cadastro->findChild<QLineEdit*>("Text1(0)")->text(), QString("ACME"));

@@ -1,8 +1,9 @@
 #include <QLineEdit>
 #include <QRadioButton>
-#include <QTableWidget>
+#include <QTableView>
 #include <QtTest>
 
+#include "apoio/GradeTeste.h"
 #include "ui/AmbienteTela.h"
 #include "ui/Dialogos.h"
 #include "ui/TelaPesquisa.h"
@@ -28,7 +29,7 @@ class TstTelaPesquisa : public QObject {
     std::unique_ptr<BancoTeste> b;
     std::unique_ptr<PesquisaTeste> tela;
 
-    QTableWidget* grade() { return tela->findChild<QTableWidget*>("Grade"); }
+    QTableView* grade() { return tela->findChild<QTableView*>("Grade"); }
     QLineEdit* texto(int i) { return tela->findChild<QLineEdit*>(QString("Text1(%1)").arg(i)); }
     void busca(int opcao, const QString& t)
     {
@@ -59,7 +60,7 @@ private slots:
 
     void abreComOConvite()
     {
-        QCOMPARE(grade()->item(0, 0)->text(), QString("Escolha um item acima,digite e aperte enter"));
+        QCOMPARE(GradeTeste::celula(grade(), 0, 0), QString("Escolha um item acima,digite e aperte enter"));
         QVERIFY(texto(0)->isVisible());
         QVERIFY(!texto(1)->isVisible());
         QCOMPARE(tela->windowTitle(), QString("Busca Cliente"));
@@ -83,7 +84,7 @@ private slots:
         QFETCH(QString, titulo);
         busca(opcao, digitado);
         QCOMPARE(tela->encontrados(), achados);
-        QCOMPARE(grade()->rowCount(), achados);
+        QCOMPARE(GradeTeste::linhas(grade()), achados);
         QCOMPARE(tela->windowTitle(), titulo);
         QVERIFY(!texto(1 - opcao)->isVisible());
     }
@@ -94,7 +95,7 @@ private slots:
         tela->definirChamador("Menu", [&](const QSqlRecord&) { recebido = "menu"; });
         tela->definirChamador("Entrada", [&](const QSqlRecord& r) { recebido = "entrada " + r.value("CodCliente").toString(); });
         busca(0, "ana");
-        const QRect r = grade()->visualItemRect(grade()->item(1, 0));
+        const QRect r = grade()->visualRect(grade()->model()->index(1, 0));
         QTest::mouseClick(grade()->viewport(), Qt::LeftButton, {}, r.center());
         QCOMPARE(tela->findChild<QLineEdit*>("Text2")->text(), QString("1"));
         QCOMPARE(tela->findChild<QLineEdit*>("Text3")->text(), QString("ANA SOUZA"));
@@ -111,7 +112,8 @@ private slots:
     {
         busca(0, "ana");
         busca(0, "");
-        QCOMPARE(grade()->rowCount(), 0);
+        QCOMPARE(GradeTeste::linhas(grade()), 0);
+        QCOMPARE(tela->windowTitle(), QString("Busca Cliente"));
     }
 };
 
