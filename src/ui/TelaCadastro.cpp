@@ -563,8 +563,8 @@ void TelaCadastro::excluir()
     try {
         const qint64 chave = chaveAtual();
         Transacao tr(*m_banco);
-        if (!moveChave(chave))
-            throw ErroBanco(QStringLiteral("O registro não existe mais no banco de dados."));
+        // The row goes (or goes to the bin) as it was shown, never re-read here: the store
+        // refuses it when another station has changed or deleted it since.
         if (fisica) {
             const QVariant cod = m_rs->valor(colunaOrdem());
             m_rs->deleteAtual();
@@ -592,7 +592,13 @@ void TelaCadastro::excluir()
             for (int i = 1; i <= 3 && i < m_botoes.size(); ++i)
                 m_botoes[i]->setEnabled(i == m_indiceFechar);
         }
+    } catch (const RegistroAlterado& e) {
+        m_rs->cancelUpdate();
+        Dialogos::mensagem(this, e.mensagem(), QStringLiteral("Excluir"), Dialogos::Icone::Aviso);
+        return;
     } catch (const ErroBanco& e) {
+        if (m_rs->editando())
+            m_rs->cancelUpdate();
         Dialogos::erro(this, QStringLiteral("Erro ao excluir registro,"), e.textoCompleto());
         return;
     }
