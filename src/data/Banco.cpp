@@ -195,6 +195,11 @@ QVariant Banco::escalar(const QString& sql, const QVariantList& valores)
     return {};
 }
 
+QSqlQuery Banco::lerTravando(const QString& sql, const QVariantList& valores)
+{
+    return executar(sql + clausulaTrava(), valores);
+}
+
 qint64 Banco::inserir(const DefTabela& tabela, const QStringList& colunas, const QVariantList& valores)
 {
     QStringList marcas;

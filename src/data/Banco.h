@@ -31,6 +31,11 @@ public:
     QSqlQuery executar(const QString& sql, const QVariantList& valores = {});
     // The first column of the first row, or an invalid value.
     QVariant escalar(const QString& sql, const QVariantList& valores = {});
+    // A SELECT of the rows a write transaction decides on (one FROM, no aggregate). On
+    // PostgreSQL they stay locked until the transaction ends, so two stations can't both
+    // decide on the picture from before the other's change; on SQLite the write
+    // transaction already serves one station at a time.
+    QSqlQuery lerTravando(const QString& sql, const QVariantList& valores = {});
 
     // Creates a new store's tables, or brings an older one up to date. Each step runs in
     // its own transaction. Returns the number of steps applied.
@@ -48,6 +53,8 @@ public:
     // column added to an older store, which SQLite can only add that way).
     virtual QString expressaoDobrada(const DefColuna& c, bool armazenada = true) const = 0;
     virtual QString comandoInicioEscrita() const = 0;
+    // What a SELECT ends with to lock the rows it reads until the transaction ends.
+    virtual QString clausulaTrava() const = 0;
     // A condition true for rows whose folded column `col` matches the folded text sought
     // (no wildcards in it), answered through the trigram index.
     virtual QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const = 0;

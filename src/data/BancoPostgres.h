@@ -12,6 +12,7 @@ public:
     QString tipoInteiro() const override { return QStringLiteral("BIGINT"); }
     QString expressaoDobrada(const DefColuna& c, bool armazenada = true) const override;
     QString comandoInicioEscrita() const override { return QStringLiteral("BEGIN"); }
+    QString clausulaTrava() const override { return QStringLiteral(" FOR UPDATE"); }
     QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const override;
     QString sondaTrigrama(const DefTabela& t, const DefColuna& c) const override;
     QString valorTrigrama(const QString& dobrado) const override;

@@ -16,6 +16,7 @@ public:
     QString tipoInteiro() const override { return QStringLiteral("INTEGER"); }
     QString expressaoDobrada(const DefColuna& c, bool armazenada = true) const override;
     QString comandoInicioEscrita() const override { return QStringLiteral("BEGIN IMMEDIATE"); }
+    QString clausulaTrava() const override { return {}; }  // the write lock is the whole file's
     QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const override;
     QString sondaTrigrama(const DefTabela& t, const DefColuna& c) const override;
     QString valorTrigrama(const QString& dobrado) const override;

@@ -205,22 +205,10 @@ void Recordset::update()
         QStringList sets;
         for (const QString& c : colunas)
             sets << c + QStringLiteral(" = ?");
-        const QSqlRecord& lida = m_linhas.at(m_pos);
-        const qint64 chave = lida.value(indice(m_tabela->chave)).toLongLong();
-        valores << chave;
-        // Optimistic check: the row is written only while every column still holds what
-        // was read, so a change made at another station in between is never undone.
-        QStringList condicoes{m_tabela->chave + QStringLiteral(" = ?")};
-        for (int i = 0; i < lida.count(); ++i) {
-            const DefColuna* c = m_tabela->coluna(lida.fieldName(i));
-            if (!c || c->nome.compare(m_tabela->chave, Qt::CaseInsensitive) == 0)
-                continue;  // folded copies follow their column
-            condicoes << c->nome + QStringLiteral(" IS NOT DISTINCT FROM ?");
-            valores << lida.value(i);
-        }
+        const qint64 chave = m_linhas.at(m_pos).value(indice(m_tabela->chave)).toLongLong();
+        const QString onde = comoFoiLida(valores);
         QSqlQuery alterou = m_banco.executar(QStringLiteral("UPDATE %1 SET %2 WHERE %3")
-                                                 .arg(m_tabela->nome, sets.join(QStringLiteral(", ")),
-                                                      condicoes.join(QStringLiteral(" AND "))), valores);
+                                                 .arg(m_tabela->nome, sets.join(QStringLiteral(", ")), onde), valores);
         if (alterou.numRowsAffected() != 1)
             throw RegistroAlterado(!existe(chave));
         QSqlQuery q = m_banco.executar(QStringLiteral("SELECT * FROM %1 WHERE %2 = ?").arg(m_tabela->nome, m_tabela->chave),
@@ -243,12 +231,32 @@ void Recordset::deleteAtual()
     if (!m_tabela)
         throw ErroBanco(QStringLiteral("Consulta somente para leitura."));
     exigeLinha();
-    const qint64 chave = chaveAtual();
-    QSqlQuery q = m_banco.executar(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(m_tabela->nome, m_tabela->chave), {chave});
+    const qint64 chave = m_linhas.at(m_pos).value(indice(m_tabela->chave)).toLongLong();
+    QVariantList valores;
+    const QString onde = comoFoiLida(valores);
+    QSqlQuery q = m_banco.executar(QStringLiteral("DELETE FROM %1 WHERE %2").arg(m_tabela->nome, onde), valores);
     if (q.numRowsAffected() != 1)
-        throw RegistroAlterado(true);
+        throw RegistroAlterado(!existe(chave));
     m_linhas.removeAt(m_pos);
     m_alterados.clear();
+}
+
+QString Recordset::comoFoiLida(QVariantList& valores) const
+{
+    // Optimistic check: the row is written or deleted only while every column still holds
+    // what was read, so a change made at another station in between is never undone, nor
+    // thrown away with the row.
+    const QSqlRecord& lida = m_linhas.at(m_pos);
+    QStringList condicoes{m_tabela->chave + QStringLiteral(" = ?")};
+    valores << lida.value(indice(m_tabela->chave));
+    for (int i = 0; i < lida.count(); ++i) {
+        const DefColuna* c = m_tabela->coluna(lida.fieldName(i));
+        if (!c || c->nome.compare(m_tabela->chave, Qt::CaseInsensitive) == 0)
+            continue;  // folded copies follow their column
+        condicoes << c->nome + QStringLiteral(" IS NOT DISTINCT FROM ?");
+        valores << lida.value(i);
+    }
+    return condicoes.join(QStringLiteral(" AND "));
 }
 
 bool Recordset::existe(qint64 chave)

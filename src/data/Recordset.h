@@ -65,7 +65,9 @@ public:
     void update();
     void cancelUpdate();
     bool editando() const { return m_novo || !m_alterados.isEmpty(); }
-    void deleteAtual();            // removes the current row for good
+    // Removes the current row for good; one changed or deleted at another station since it
+    // was read throws RegistroAlterado and stays as it is.
+    void deleteAtual();
     qint64 chaveAtual() const;     // primary key of the current row
 
     const DefTabela* tabela() const { return m_tabela; }
@@ -75,6 +77,8 @@ private:
     void carregar();
     void exigeLinha() const;
     bool existe(qint64 chave);
+    // The condition that finds the current row only as it was read, its values appended.
+    QString comoFoiLida(QVariantList& valores) const;
 
     Banco& m_banco;
     const DefTabela* m_tabela = nullptr;

@@ -247,12 +247,6 @@ bool Funcionario::validaAntesDeGravar()
         m_texto[5]->setFocus();
         return false;
     }
-    constexpr int Funcionarios = 2;  // the pair FuncionarioLe / FuncionarioAl
-    if (!novo() && !m_alterar[Funcionarios]->isChecked()
-        && DireitosUsuario::ultimoQueAlteraUsuarios(*banco(), chaveAtual())) {
-        Dialogos::mensagem(this, DireitosUsuario::mensagemUltimoQueAltera(), {}, Dialogos::Icone::Aviso);
-        return false;
-    }
     if (a.size() > MaximoSenha) {
         Dialogos::mensagem(this, QStringLiteral("A senha pode ter no máximo %1 caracteres.").arg(MaximoSenha));
         m_texto[5]->setFocus();
@@ -261,12 +255,29 @@ bool Funcionario::validaAntesDeGravar()
     return true;
 }
 
+QString Funcionario::impedimentoAoGravar()
+{
+    constexpr int Funcionarios = 2;  // the pair FuncionarioLe / FuncionarioAl
+    if (!novo() && !m_alterar[Funcionarios]->isChecked()
+        && DireitosUsuario::ultimoQueAlteraUsuarios(*banco(), chaveAtual()))
+        return DireitosUsuario::mensagemUltimoQueAltera();
+    return {};
+}
+
 bool Funcionario::validaAntesDeExcluir()
 {
-    if (!DireitosUsuario::ultimoQueAlteraUsuarios(*banco(), chaveAtual()))
+    // Told before the question; asked again when the row goes, as the users stand then.
+    const QString motivo = impedimentoAoExcluir();
+    if (motivo.isEmpty())
         return true;
-    Dialogos::mensagem(this, DireitosUsuario::mensagemUltimoQueAltera(), {}, Dialogos::Icone::Aviso);
+    Dialogos::mensagem(this, motivo, {}, Dialogos::Icone::Aviso);
     return false;
+}
+
+QString Funcionario::impedimentoAoExcluir()
+{
+    return DireitosUsuario::ultimoQueAlteraUsuarios(*banco(), chaveAtual()) ? DireitosUsuario::mensagemUltimoQueAltera()
+                                                                              : QString();
 }
 
 void Funcionario::gravaCampos(Recordset& rs)

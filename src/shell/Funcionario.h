@@ -29,6 +29,8 @@ protected:
     void mostraRegistro(const Recordset& rs) override;
     bool validaAntesDeGravar() override;
     bool validaAntesDeExcluir() override;
+    QString impedimentoAoGravar() override;
+    QString impedimentoAoExcluir() override;
     void gravaCampos(Recordset& rs) override;
     bool eventFilter(QObject* alvo, QEvent* e) override;
 

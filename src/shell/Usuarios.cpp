@@ -113,11 +113,17 @@ QPair<int, int> DireitosUsuario::valoresDoPar(bool ler, bool alterar)
 
 bool DireitosUsuario::ultimoQueAlteraUsuarios(Banco& banco, qint64 chave)
 {
-    // A NULL right opens, as at the login.
-    const QString tem = QStringLiteral("(FuncionarioAl IS NULL OR FuncionarioAl <> 0)");
-    if (banco.escalar(QStringLiteral("SELECT 1 FROM Usuario WHERE Chave = ? AND %1").arg(tem), {chave}).isNull())
-        return false;
-    return banco.escalar(QStringLiteral("SELECT 1 FROM Usuario WHERE Chave <> ? AND %1").arg(tem), {chave}).isNull();
+    // A NULL right opens, as at the login. The holders stay locked until the caller's
+    // transaction ends, always in the same order: two stations taking the right from two
+    // different users at once are served one after the other, and the second one sees
+    // that the first has already taken it.
+    QSqlQuery q = banco.lerTravando(QStringLiteral("SELECT Chave FROM Usuario WHERE FuncionarioAl IS NULL "
+                                                   "OR FuncionarioAl <> 0 ORDER BY Chave"));
+    bool tem = false;
+    bool outro = false;
+    while (q.next())
+        (q.value(0).toLongLong() == chave ? tem : outro) = true;
+    return tem && !outro;
 }
 
 QString DireitosUsuario::mensagemUltimoQueAltera()

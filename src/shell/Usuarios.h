@@ -37,7 +37,9 @@ public:
     // A change right implies reading: the values written for one pair of boxes.
     static QPair<int, int> valoresDoPar(bool ler, bool alterar);
     // True when the user `chave` is the only one who may change users: he can be neither
-    // deleted nor lose that right, or nobody could ever manage the users again.
+    // deleted nor lose that right, or nobody could ever manage the users again. Asked
+    // inside the transaction that deletes him or takes the right, on the rows as they
+    // stand then (locked where the engine needs it).
     static bool ultimoQueAlteraUsuarios(Banco& banco, qint64 chave);
     static QString mensagemUltimoQueAltera();
 };

@@ -31,6 +31,12 @@ const QString Incluir = QStringLiteral("&Incluir");
 const QString Cancelar = QStringLiteral("&Cancelar");
 const QString Excluir = QStringLiteral("&Excluir");
 const QString Salvar = QStringLiteral("&Salvar");
+
+// A screen's check inside the transaction said no: thrown so that the transaction is
+// rolled back before the user reads why.
+struct Recusa {
+    QString motivo;
+};
 } // namespace
 
 TelaCadastro::TelaCadastro(QWidget* pai) : QWidget(pai)
@@ -497,6 +503,8 @@ bool TelaCadastro::salvar()
     qint64 chave = -1;
     try {
         Transacao t(*m_banco);
+        if (const QString motivo = impedimentoAoGravar(); !motivo.isEmpty())
+            throw Recusa{motivo};
         if (eraNovo) {
             // A table whose code the engine numbers names no colunaCodigo.
             const qint64 codigo = m_def.colunaCodigo.isEmpty()
@@ -518,6 +526,9 @@ bool TelaCadastro::salvar()
         m_rs->update();
         chave = m_rs->chaveAtual();
         t.commit();
+    } catch (const Recusa& r) {
+        Dialogos::mensagem(this, r.motivo, {}, Dialogos::Icone::Aviso);
+        return false;
     } catch (const RegistroAlterado& e) {
         m_rs->cancelUpdate();
         Dialogos::mensagem(this, e.mensagem(), QStringLiteral("Gravar"), Dialogos::Icone::Aviso);
@@ -563,8 +574,10 @@ void TelaCadastro::excluir()
     try {
         const qint64 chave = chaveAtual();
         Transacao tr(*m_banco);
-        if (!moveChave(chave))
-            throw ErroBanco(QStringLiteral("O registro não existe mais no banco de dados."));
+        if (const QString motivo = impedimentoAoExcluir(); !motivo.isEmpty())
+            throw Recusa{motivo};
+        // The row goes (or goes to the bin) as it was shown, never re-read here: the store
+        // refuses it when another station has changed or deleted it since.
         if (fisica) {
             const QVariant cod = m_rs->valor(colunaOrdem());
             m_rs->deleteAtual();
@@ -592,7 +605,16 @@ void TelaCadastro::excluir()
             for (int i = 1; i <= 3 && i < m_botoes.size(); ++i)
                 m_botoes[i]->setEnabled(i == m_indiceFechar);
         }
+    } catch (const Recusa& r) {
+        Dialogos::mensagem(this, r.motivo, {}, Dialogos::Icone::Aviso);
+        return;
+    } catch (const RegistroAlterado& e) {
+        m_rs->cancelUpdate();
+        Dialogos::mensagem(this, e.mensagem(), QStringLiteral("Excluir"), Dialogos::Icone::Aviso);
+        return;
     } catch (const ErroBanco& e) {
+        if (m_rs->editando())
+            m_rs->cancelUpdate();
         Dialogos::erro(this, QStringLiteral("Erro ao excluir registro,"), e.textoCompleto());
         return;
     }

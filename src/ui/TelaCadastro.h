@@ -129,6 +129,11 @@ protected:
     virtual bool validaAntesDeGravar() { return true; }
     // Checks of the screen's own before a deletion is asked; false stops it.
     virtual bool validaAntesDeExcluir() { return true; }
+    // Checks that must see the store as it stands at the moment of writing: they run inside
+    // the save's (the deletion's) transaction, before anything is written. A text is the
+    // reason for refusing, shown once the transaction has been rolled back; empty goes on.
+    virtual QString impedimentoAoGravar() { return {}; }
+    virtual QString impedimentoAoExcluir() { return {}; }
     // Copies the fields to the row being written; the default writes every field of
     // campos() by its type.
     virtual void gravaCampos(Recordset& rs);

@@ -230,6 +230,49 @@ private slots:
         QVERIFY(!RegistroTelas::aberta("Gravado"));
     }
 
+    void duasEstacoesTiramODireitoAoMesmoTempo_data()
+    {
+        QTest::addColumn<int>("motor");
+        QTest::addColumn<bool>("excluir");  // this station deletes ANA, else takes away her right
+        for (int m : {int(Motor::SQLite), int(Motor::PostgreSQL)})
+            for (bool excluir : {false, true})
+                QTest::newRow(qPrintable(QString("%1: %2 while BETO loses it elsewhere")
+                                             .arg(m == int(Motor::SQLite) ? "sqlite" : "postgres",
+                                                  excluir ? "ANA deleted" : "ANA loses the right")))
+                    << m << excluir;
+    }
+    void duasEstacoesTiramODireitoAoMesmoTempo()
+    {
+        QFETCH(int, motor);
+        QFETCH(bool, excluir);
+        b.reset();
+        b = ambienteDeTela(static_cast<Motor>(motor));
+        if (!b->pronto())
+            QSKIP(qPrintable(b->motivo()));
+        sessao().DireitoFuncionarioAl = 1;
+        b->banco().executar("INSERT INTO Usuario (CodUsuario, NomeUsuario, Senha, FuncionarioLe, FuncionarioAl) "
+                            "VALUES (1, 'ANA', 'x', -1, -1), (2, 'BETO', 'x', -1, -1)");
+        abre();
+        QCOMPARE(texto(0)->text(), QString("ANA"));
+        if (!excluir)
+            check(2, 2)->click();
+        {
+            // Station B takes BETO's right and is still inside its save when this one saves.
+            OutraEstacaoGravando beto(*b, "UPDATE Usuario SET FuncionarioAl = 0 WHERE CodUsuario = 2", 1500);
+            if (excluir)
+                Dialogos::Roteiro::responderSim();
+            QTest::mouseClick(botao(1), Qt::LeftButton);
+            QCOMPARE(beto.terminar(), QString());
+        }
+        QVERIFY2(Dialogos::Roteiro::contem("Deve existir ao menos um usuário com direito de alterar funcionários."),
+                 qPrintable(Dialogos::Roteiro::ultimoTexto()));
+        QVERIFY(!RegistroTelas::aberta("Gravado"));
+        QVERIFY(!RegistroTelas::aberta("Excluido"));
+        QCOMPARE(coluna("FuncionarioAl", 1).toInt(), -1);
+        QCOMPARE(coluna("FuncionarioAl", 2).toInt(), 0);
+        QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM Usuario WHERE FuncionarioAl <> 0").toInt(), 1);
+    }
+
     void primeiroUsuarioExcluiParaALixeira()
     {
         Autenticacao::criarPrimeiro(b->banco(), "DONO", "dono");

@@ -342,6 +342,67 @@ private slots:
         QVERIFY(RegistroTelas::aberta("Excluido"));
     }
 
+    void exclusaoDoQueOutraEstacaoMexeu_data()
+    {
+        QTest::addColumn<int>("motor");
+        QTest::addColumn<int>("permanente");  // the session's DireitoPermanente
+        QTest::addColumn<bool>("apagadaLa");  // the other station deleted the row, else blocked it
+        for (int m : {int(Motor::SQLite), int(Motor::PostgreSQL)})
+            for (int permanente : {0, 1})
+                for (bool apagada : {false, true})
+                    QTest::newRow(qPrintable(QString("%1: %2 of a row %3 elsewhere")
+                                                 .arg(m == int(Motor::SQLite) ? "sqlite" : "postgres",
+                                                      permanente ? "deletion for good" : "deletion to the bin",
+                                                      apagada ? "deleted" : "changed")))
+                        << m << permanente << apagada;
+    }
+    void exclusaoDoQueOutraEstacaoMexeu()
+    {
+        QFETCH(int, motor);
+        QFETCH(int, permanente);
+        QFETCH(bool, apagadaLa);
+        b.reset();
+        b = ambienteDeTela(static_cast<Motor>(motor));
+        if (!b->pronto())
+            QSKIP(qPrintable(b->motivo()));
+        sessao().DireitoClienteAl = 1;
+        sessao().DireitoPermanente = permanente;
+        sessao().UsuarioNome = "MARIA";
+        cliente(1, "JOAO");
+        abre();
+        QCOMPARE(tela->nome->text(), QString("JOAO"));
+        QCOMPARE(outraEstacao(*b, apagadaLa ? "DELETE FROM Cliente WHERE CodCliente = 1"
+                                            : "UPDATE Cliente SET BloqCliente = -1, Alterado = 'PEDRO' "
+                                              "WHERE CodCliente = 1"),
+                 QString());
+        Dialogos::Roteiro::responderSim();
+        QTest::mouseClick(botao(1), Qt::LeftButton);
+        QVERIFY(Dialogos::Roteiro::contem("Registro será excluído,deseja excluir ?"));
+        const QString mensagem = apagadaLa ? "Este registro foi excluído em outra estação."
+                                           : "Este registro foi alterado em outra estação. Feche e abra o registro "
+                                             "novamente para ver a versão atual.";
+        QVERIFY2(Dialogos::Roteiro::contem(mensagem), qPrintable(Dialogos::Roteiro::ultimoTexto()));
+        QVERIFY(!RegistroTelas::aberta("Excluido"));
+        if (apagadaLa) {
+            QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM Cliente").toInt(), 0);
+        } else {
+            QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM Cliente").toInt(), 1);
+            QCOMPARE(coluna("Excluidos", 1).toInt(), 0);
+            QCOMPARE(coluna("BloqCliente", 1).toInt(), -1);
+            QCOMPARE(coluna("Alterado", 1).toString(), QString("PEDRO"));
+        }
+        QCOMPARE(tela->nome->text(), QString("JOAO"));
+        // Reopened, the record shows the other station's version and goes as asked.
+        if (!apagadaLa) {
+            QVERIFY(tela->irChave(tela->chaveAtual()));
+            QVERIFY(tela->bloq->isChecked());
+            Dialogos::Roteiro::responderSim();
+            QTest::mouseClick(botao(1), Qt::LeftButton);
+            QVERIFY(RegistroTelas::aberta("Excluido"));
+            QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM Cliente WHERE Excluidos = 0").toInt(), 0);
+        }
+    }
+
     void fecharComSimGrava_data()
     {
         QTest::addColumn<int>("direito");
