@@ -403,9 +403,11 @@ int main(int argc, char** argv)
                 colado += QStringLiteral("https://loja.example/produto?codigo=ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789&");
             colado.truncate(10000);
             int linhas = 0;
-            m << mede("Ficha: quebrar texto sem espaços de 10.000 caracteres", 200, [&] {
-                linhas = int(p.quebrar(colado, p.width() - 400).size());
-            }, 5);
+            m << mede("Ficha: quebrar texto sem espaços de 10.000 caracteres", 200, QStringList(5, colado),
+                      [&](const QString& texto) {
+                          linhas = int(p.quebrar(texto, p.width() - 400).size());
+                          return linhas;
+                      });
             p.endDoc();
             Q_UNUSED(linhas);
         }

@@ -69,8 +69,8 @@ private slots:
         QVERIFY(caixa->isVisibleTo(tela));
         caixa->setText("pecas");
         QTest::keyClick(caixa, Qt::Key_Return);
-        QCOMPARE(grade(tela)->rowCount(), 1);
-        QCOMPARE(grade(tela)->item(0, 1)->text(), QString("ELETRO PECAS LTDA"));
+        QCOMPARE(GradeTeste::linhas(grade(tela)), 1);
+        QCOMPARE(GradeTeste::celula(grade(tela), 0, 1), QString("ELETRO PECAS LTDA"));
     }
 
     void escolhaVaiAQuemChamouOuAbreOCadastro()
