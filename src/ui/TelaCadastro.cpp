@@ -497,6 +497,14 @@ bool TelaCadastro::salvar()
             return false;
         }
     }
+    // An amount box holding something that isn't an amount is told, never stored as 0,00.
+    for (const CampoCadastro& c : std::as_const(m_campos))
+        if (c.tipo == CampoCadastro::Tipo::Dinheiro && !c.coluna.isEmpty()
+            && !Campos::texto(c.widget).trimmed().isEmpty() && !Dinheiro::lerTexto(Campos::texto(c.widget))) {
+            Dialogos::mensagem(this, QStringLiteral("Valor inválido: digite como 1.234,56"), {}, Dialogos::Icone::Aviso);
+            c.widget->setFocus();
+            return false;
+        }
     if (!confere([this] { return validaAntesDeGravar(); }))
         return false;
     const bool eraNovo = m_novo;
