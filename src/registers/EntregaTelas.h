@@ -15,6 +15,24 @@ class QWidget;
 //   Q_INVOKABLE void mostraOrdem(const QVariantMap& dados);
 //       show an order of the customer; keys "CodOs", "CodOsAut", "CodCliente",
 //       "NomeCliente".
+//   Q_INVOKABLE void abreOrdem(const QVariantMap& dados);
+//       work on one order, found by its row key: key "CodOsAut" (qlonglong). The till,
+//       delivery, the bench and the whole-order screen take it; the panel, delivery and
+//       the whole-order screen call the till through it.
+//   Q_INVOKABLE void defineDestino(const QVariantMap& dados);
+//       the product search is told where its choice goes: key "Destino", the name of the
+//       screen that asked ("Produto" shows the product on the register, any other name
+//       receives recebeProduto), and "Kit" (bool) when the choice goes to a kit list,
+//       which leaves the search open.
+//   Q_INVOKABLE void recebeProduto(const QVariantMap& dados);
+//       a product chosen in the search: keys "CodPecAut" (qlonglong), "CodPeca",
+//       "Descricao", "Unidade", "ValorVenda" and "ValorCusto" (qlonglong cents),
+//       "Estoque" (text as the register shows it), "Kit" (bool, as sent to defineDestino).
+//   Q_INVOKABLE void recebePagamento(const QVariantMap& dados);
+//       the till hands a payment in cheques to the cheque register: keys "CodCliente",
+//       "NomeCliente", "CnpjCpf" (digits), "CodOs", "CodOsAut", "Pagamento" (the plan's
+//       text, "30/60 DIAS"), "ValorCentavos" (qlonglong: total less discount less what
+//       was paid in cash), "Data" (QDate of the payment).
 //
 // A screen that isn't registered (not in this build) can't be asked: callers disable the
 // control that would open it.
@@ -22,6 +40,10 @@ namespace EntregaTelas {
 
 inline const QString NovoComCliente = QStringLiteral("novoComCliente");
 inline const QString MostraOrdem = QStringLiteral("mostraOrdem");
+inline const QString AbreOrdem = QStringLiteral("abreOrdem");
+inline const QString DefineDestino = QStringLiteral("defineDestino");
+inline const QString RecebeProduto = QStringLiteral("recebeProduto");
+inline const QString RecebePagamento = QStringLiteral("recebePagamento");
 
 bool disponivel(const QString& tela);
 // Opens the screen and calls its method with the data; the opened screen, or nullptr
