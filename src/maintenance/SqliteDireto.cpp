@@ -32,6 +32,9 @@ SqliteDireto::SqliteDireto(const QString& arquivo, Modo modo) : m_arquivo(arquiv
         falha(m_db, m_arquivo);
     sqlite3_busy_timeout(m_db, 5000);
     BancoSqlite::registrarFuncoes(m_db);
+    // A repair or restore writes the shop's own file: each commit reaches the disk before
+    // it returns, as on every other connection, whatever the library was built with.
+    sqlite3_exec(m_db, "PRAGMA synchronous = FULL", nullptr, nullptr, nullptr);
 }
 
 SqliteDireto::~SqliteDireto()

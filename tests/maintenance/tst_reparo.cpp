@@ -101,6 +101,30 @@ private slots:
         QCOMPARE(QDir(m_amb->pasta()).entryList({"TOLDEX.db.antes-do-reparo_Data_*"}, QDir::Files).size(), 1);
     }
 
+    // The repair, the backup and the restore reach the file through connections of their
+    // own: each flushes every commit to the disk (FULL is 2), like the program's, and so do
+    // the shared slots that a repair reopens.
+    void conexoesDaManutencaoGravamNoDisco_data()
+    {
+        QTest::addColumn<int>("modo");
+        QTest::newRow("direct, writing (repair, restore)") << int(SqliteDireto::Modo::Escrita);
+        QTest::newRow("direct, reading (backup's source)") << int(SqliteDireto::Modo::Leitura);
+    }
+    void conexoesDaManutencaoGravamNoDisco()
+    {
+        QFETCH(int, modo);
+        SqliteDireto db(banco(), SqliteDireto::Modo(modo));
+        QCOMPARE(db.texto("PRAGMA synchronous"), QStringLiteral("2"));
+        QCOMPARE(db.texto("PRAGMA journal_mode"), QStringLiteral("wal"));
+
+        QWidget* w = abrirSemContagem();
+        QTest::mouseClick(botao(w, 2), Qt::LeftButton);
+        QCOMPARE(botao(w, 2)->text(), QStringLiteral("Concluido"));
+        QVERIFY(Conexoes::abreConexao(1));
+        QCOMPARE(Conexoes::slot(1)->escalar("PRAGMA synchronous").toInt(), 2);
+        Conexoes::fecharSlots();
+    }
+
     // Another station at work: the three lines, and the store isn't touched.
     void outraEstacaoRecusa()
     {
