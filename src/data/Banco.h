@@ -58,8 +58,11 @@ public:
     // A condition true for rows whose folded column `col` matches the folded text sought
     // (no wildcards in it), answered through the trigram index.
     virtual QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const = 0;
-    // A SELECT of the same matches that reads the trigram index alone, for a quick probe of
-    // how common a text is.
+    // Whether a search must first probe how common its text is, to choose between its index
+    // and the list's order. An engine whose planner weighs that itself, from its statistics
+    // of the column, is given one query and left to choose.
+    virtual bool sondaFrequencia() const { return true; }
+    // A SELECT of the same matches that reads the trigram index alone, for that probe.
     virtual QString sondaTrigrama(const DefTabela& t, const DefColuna& c) const = 0;
     // The bound value for that condition, from the folded text sought.
     virtual QString valorTrigrama(const QString& dobrado) const = 0;

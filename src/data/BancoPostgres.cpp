@@ -28,13 +28,8 @@ QString BancoPostgres::expressaoDobrada(const DefColuna& c, bool) const
 
 QString BancoPostgres::condicaoTrigrama(const DefTabela&, const DefColuna& c) const
 {
-    // PostgreSQL's LIKE takes the backslash as its escape unless told otherwise.
-    return QStringLiteral("%1 LIKE ?").arg(c.nomeDobrado());
-}
-
-QString BancoPostgres::sondaTrigrama(const DefTabela& t, const DefColuna& c) const
-{
-    return QStringLiteral("SELECT 1 FROM %1 WHERE %2").arg(t.nome, condicaoTrigrama(t, c));
+    // The bound pattern has its backslashes doubled (valorTrigrama), so a typed "\" is text.
+    return QStringLiteral("%1 LIKE ? ESCAPE '\\'").arg(c.nomeDobrado());
 }
 
 QString BancoPostgres::valorTrigrama(const QString& dobrado) const

@@ -14,7 +14,10 @@ public:
     QString comandoInicioEscrita() const override { return QStringLiteral("BEGIN"); }
     QString clausulaTrava() const override { return QStringLiteral(" FOR UPDATE"); }
     QString condicaoTrigrama(const DefTabela& t, const DefColuna& c) const override;
-    QString sondaTrigrama(const DefTabela& t, const DefColuna& c) const override;
+    // PostgreSQL estimates a LIKE's rows from the column's statistics and picks the trigram
+    // index or the list's order by itself: a probe would only read the matches twice.
+    bool sondaFrequencia() const override { return false; }
+    QString sondaTrigrama(const DefTabela&, const DefColuna&) const override { return {}; }
     QString valorTrigrama(const QString& dobrado) const override;
 
 protected:

@@ -15,12 +15,20 @@ Condicao Condicao::e(const Condicao& outra) const
     Condicao r{QStringLiteral("(%1) AND (%2)").arg(sql, outra.sql), valores + outra.valores};
     if (contagem || outra.contagem)
         r.contagem = std::make_shared<Condicao>(paraContar().e(outra.paraContar()));
+    if (seFrequente || outra.seFrequente)
+        r.seFrequente = std::make_shared<Condicao>((seFrequente ? *seFrequente : *this)
+                                                       .e(outra.seFrequente ? *outra.seFrequente : outra));
     return r;
 }
 
 Condicao Condicao::paraContar() const
 {
     return contagem ? *contagem : Condicao{sql, valores};
+}
+
+Condicao Condicao::paraLer(qint64 total) const
+{
+    return seFrequente && total >= Busca::LimiteFrequente ? *seFrequente : *this;
 }
 
 namespace Busca {
@@ -66,10 +74,6 @@ QString escapaLike(const QString& texto, bool manterCuringas)
 
 namespace {
 
-// Above this many rows a text is common: the list is read in its own order and stops at
-// the rows it shows, instead of gathering every match through the index and sorting it.
-constexpr int LimiteFrequente = 3000;
-
 // Whether the trigram index answers the match of `d`.
 bool porTrigrama(const DefColuna& c, const QString& d, bool meio)
 {
@@ -103,23 +107,30 @@ Condicao casaTexto(Banco& banco, const DefTabela& t, const DefColuna& c, const Q
 
 } // namespace
 
-Condicao porTexto(Banco& banco, const QString& tabela, const QString& coluna, const QString& digitado, bool meio)
+Condicao porTexto(Banco& banco, const QString& tabela, const QString& coluna, const QString& digitado, bool meio,
+                  Plano plano)
 {
     const DefTabela* t = nullptr;
     const DefColuna& c = colunaBuscavel(tabela, coluna, &t);
     const QString d = Texto::dobra(digitado);
     if (d.isEmpty())
         return {};
-    const Condicao indexada = casaTexto(banco, *t, c, d, meio, true);
-    if (meio && frequente(banco, *t, c, d, meio, indexada)) {
-        Condicao emOrdem = casaTexto(banco, *t, c, d, meio, false);
-        emOrdem.contagem = std::make_shared<Condicao>(indexada);
-        return emOrdem;
+    Condicao indexada = casaTexto(banco, *t, c, d, meio, true);
+    if (!meio)
+        return indexada;
+    if (!banco.sondaFrequencia())
+        return indexada;
+    Condicao emOrdem = casaTexto(banco, *t, c, d, meio, false);
+    emOrdem.contagem = std::make_shared<Condicao>(indexada);
+    if (plano == Plano::PelaContagem) {
+        indexada.seFrequente = std::make_shared<Condicao>(std::move(emOrdem));
+        return indexada;
     }
-    return indexada;
+    return frequente(banco, *t, c, d, meio, indexada) ? emOrdem : indexada;
 }
 
-Condicao porColuna(Banco& banco, const QString& tabela, const QString& coluna, const QString& digitado, bool meio)
+Condicao porColuna(Banco& banco, const QString& tabela, const QString& coluna, const QString& digitado, bool meio,
+                   Plano plano)
 {
     const DefTabela* t = nullptr;
     const DefColuna& c = colunaBuscavel(tabela, coluna, &t);
@@ -142,19 +153,24 @@ Condicao porColuna(Banco& banco, const QString& tabela, const QString& coluna, c
     // A rare text: one lookup of the index, and the flag tested on the rows it gives (an OR
     // of the two halves at the top would make the engine walk the whole table).
     const Condicao vivaOuExcluida{QStringLiteral("Excluidos = 0 OR (%1)").arg(linhaExcluida.sql), linhaExcluida.valores};
-    const Condicao indexada = d.isEmpty() ? Condicao{} : casaTexto(banco, *t, c, d, meio, true);
-    if (d.isEmpty() || frequente(banco, *t, c, d, meio, indexada)) {
-        // A common text: one pass in the list's own order, which stops at the rows shown;
-        // a count still goes through the index.
-        const Condicao texto = d.isEmpty() ? Condicao{} : casaTexto(banco, *t, c, d, meio, false);
-        const Condicao vivos = soVivos().e(texto);
-        Condicao emOrdem{QStringLiteral("(%1) OR (%2)").arg(vivos.sql, linhaExcluida.sql),
-                         vivos.valores + linhaExcluida.valores};
-        if (!d.isEmpty())
-            emOrdem.contagem = std::make_shared<Condicao>(indexada.e(vivaOuExcluida));
+    // A common text: one pass in the list's own order, which stops at the rows shown; a
+    // count still goes through the index.
+    const Condicao texto = d.isEmpty() ? Condicao{} : casaTexto(banco, *t, c, d, meio, false);
+    const Condicao vivos = soVivos().e(texto);
+    Condicao emOrdem{QStringLiteral("(%1) OR (%2)").arg(vivos.sql, linhaExcluida.sql),
+                     vivos.valores + linhaExcluida.valores};
+    if (d.isEmpty())
         return emOrdem;
+    const Condicao indexada = casaTexto(banco, *t, c, d, meio, true);
+    Condicao rara = indexada.e(vivaOuExcluida);
+    if (!banco.sondaFrequencia())
+        return rara;
+    emOrdem.contagem = std::make_shared<Condicao>(rara);
+    if (plano == Plano::PelaContagem) {
+        rara.seFrequente = std::make_shared<Condicao>(std::move(emOrdem));
+        return rara;
     }
-    return indexada.e(vivaOuExcluida);
+    return frequente(banco, *t, c, d, meio, indexada) ? emOrdem : rara;
 }
 
 Condicao porEstado(const QStringList& colunas, const QList<int>& valores, bool envolver)

@@ -34,7 +34,12 @@ qint64 PaginasBusca::contar()
 {
     const Condicao c = m_onde.paraContar();
     const QString onde = c.sql.isEmpty() ? QString() : QStringLiteral(" WHERE ") + c.sql;
-    return m_banco.escalar(QStringLiteral("SELECT COUNT(*) FROM %1%2").arg(m_tabela->nome, onde), c.valores).toLongLong();
+    const qint64 total =
+        m_banco.escalar(QStringLiteral("SELECT COUNT(*) FROM %1%2").arg(m_tabela->nome, onde), c.valores).toLongLong();
+    // The count tells whether the text is common: if so, the pages are read in the list's
+    // order, which stops at the rows shown, rather than gathered from the index and sorted.
+    m_onde = m_onde.paraLer(total);
+    return total;
 }
 
 QString PaginasBusca::select() const
@@ -46,6 +51,13 @@ QList<QVariantList> PaginasBusca::proximas(int n)
 {
     QList<QVariantList> r;
     const QString& chave = m_tabela->chave;
+    if (m_nosNulos && !m_nulosConferidos) {
+        // Few stores have rows without an order value at all: one look at the order's own
+        // index spares a second pass over the matches for the rows that come first.
+        m_nulosConferidos = true;
+        m_nosNulos = m_banco.escalar(QStringLiteral("SELECT COUNT(*) FROM (SELECT 1 FROM %1 WHERE %2 IS NULL LIMIT 1) nulos")
+                                         .arg(m_tabela->nome, m_ordem)).toInt() > 0;
+    }
     while (r.size() < n && !m_fim) {
         // Where the last page stopped, as a condition that the order's index answers.
         Condicao depois;

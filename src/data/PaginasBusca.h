@@ -22,7 +22,8 @@ public:
     PaginasBusca(Banco& banco, const QString& tabela, const Condicao& onde, const QString& ordem,
                  const QStringList& colunas);
 
-    // The exact number of rows that match.
+    // The exact number of rows that match. Counted before the first page, it also picks how
+    // the pages are read (Busca::Plano::PelaContagem).
     qint64 contar();
     // The next `n` rows, each with the values of `colunas` in their order; fewer at the end.
     QList<QVariantList> proximas(int n);
@@ -46,6 +47,7 @@ private:
     int m_posOrdem = -1;
     // Where the reading stands: the rows without an order value first, then the others.
     bool m_nosNulos = true;
+    bool m_nulosConferidos = false;
     QVariant m_ultimaOrdem;
     QVariant m_ultimaChave;
     bool m_fim = false;

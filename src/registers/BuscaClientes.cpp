@@ -50,9 +50,9 @@ QString coluna(Opcao opcao)
 
 bool meio(Opcao opcao) { return opcao != Opcao::Nome; }
 
-Condicao condicao(Banco& banco, Opcao opcao, const QString& texto)
+Condicao condicao(Banco& banco, Opcao opcao, const QString& texto, Busca::Plano plano)
 {
-    return Busca::porColuna(banco, Tabela, coluna(opcao), texto, meio(opcao));
+    return Busca::porColuna(banco, Tabela, coluna(opcao), texto, meio(opcao), plano);
 }
 
 Resultado buscar(Banco& banco, Opcao opcao, const QString& texto, int limite)
@@ -60,9 +60,9 @@ Resultado buscar(Banco& banco, Opcao opcao, const QString& texto, int limite)
     return le(banco, condicao(banco, opcao, texto), limite);
 }
 
-Condicao condicaoNome(Banco& banco, const QString& texto)
+Condicao condicaoNome(Banco& banco, const QString& texto, Busca::Plano plano)
 {
-    return Busca::porTexto(banco, Tabela, QStringLiteral("NomeCliente"), texto, true);
+    return Busca::porTexto(banco, Tabela, QStringLiteral("NomeCliente"), texto, true, plano);
 }
 
 

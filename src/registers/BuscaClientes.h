@@ -30,12 +30,12 @@ bool meio(Opcao opcao);
 
 // Live customers whose column matches the typed text (with the old pattern's reach into
 // deleted rows that hold a "0" behind it).
-Condicao condicao(Banco& banco, Opcao opcao, const QString& texto);
+Condicao condicao(Banco& banco, Opcao opcao, const QString& texto, Busca::Plano plano = Busca::Plano::Sondado);
 // The same rows read, at most `limite` of them; 0 means all.
 Resultado buscar(Banco& banco, Opcao opcao, const QString& texto, int limite);
 
 // The name holding the typed text anywhere, deleted customers included.
-Condicao condicaoNome(Banco& banco, const QString& texto);
+Condicao condicaoNome(Banco& banco, const QString& texto, Busca::Plano plano = Busca::Plano::Sondado);
 
 // The customers whose code joined with their name holds the text anywhere ("12ANA"
 // finds customer 12 ANA, "2AN" too), deleted ones included. Worked out into lookups of

@@ -161,7 +161,8 @@ void TelaPesquisa::listaTodos()
 
 Condicao TelaPesquisa::condicaoBusca(const Opcao& op, const QString& texto)
 {
-    return Busca::porColuna(*m_banco, m_tabela, op.coluna, texto, op.meio);
+    // The grid counts before it reads: the count picks the plan.
+    return Busca::porColuna(*m_banco, m_tabela, op.coluna, texto, op.meio, Busca::Plano::PelaContagem);
 }
 
 QString TelaPesquisa::textoCelula(const QString&, const QVariant& valor) const

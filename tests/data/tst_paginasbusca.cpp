@@ -2,6 +2,7 @@
 
 #include "apoio/BancoTeste.h"
 #include "data/PaginasBusca.h"
+#include "data/Texto.h"
 
 // Reading a search page by page must give every row once, in the list's order, however
 // the pages fall on rows that tie in the order column.
@@ -76,6 +77,53 @@ private slots:
         QCOMPARE(l.at(1).value(2).toInt(), 2);
         QCOMPARE(pg.registro(pg.chaveDe(l.at(1))).value("CodCliente").toInt(), 2);
         QVERIFY(pg.registro(999999).isEmpty());
+    }
+
+    // A grid counts before it reads, and the count picks how the pages are read: a common
+    // text in the list's order, a rare one through its index. Both must give every row the
+    // classic pattern gives (worked out row by row below), once each, in code order.
+    void planoPelaContagem_data()
+    {
+        QTest::addColumn<int>("motor");
+        QTest::addColumn<QString>("digitado");
+        QTest::addColumn<bool>("meio");
+        for (int motor : {int(Motor::SQLite), int(Motor::PostgreSQL)}) {
+            const char* m = motor == int(Motor::SQLite) ? "sqlite" : "postgres";
+            QTest::addRow("%s: common text in the middle", m) << motor << "silva" << true;
+            QTest::addRow("%s: rare text in the middle", m) << motor << "souza" << true;
+            QTest::addRow("%s: common beginning", m) << motor << "JOSE" << false;
+            QTest::addRow("%s: rare beginning", m) << motor << "ana sou" << false;
+            QTest::addRow("%s: digits in the middle", m) << motor << "100" << true;
+        }
+    }
+    void planoPelaContagem()
+    {
+        BANCO_DO_MOTOR(b);
+        QFETCH(QString, digitado);
+        QFETCH(bool, meio);
+        const int total = 3600;
+        auto nome = [](int i) { return QString(i % 500 == 0 ? "ANA SOUZA %1" : "JOSE DA SILVA %1").arg(i); };
+        auto excluido = [](int i) { return i % 250 == 1 ? -1 : 0; };
+        b->executar(QString("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1) "
+                            "INSERT INTO Cliente (CodCliente, NomeCliente, Excluidos) SELECT i, "
+                            "CASE WHEN i % 500 = 0 THEN 'ANA SOUZA ' ELSE 'JOSE DA SILVA ' END || CAST(i AS TEXT), "
+                            "CASE WHEN i % 250 = 1 THEN -1 ELSE 0 END FROM n").arg(total));
+        QStringList esperado;
+        const QString padrao = (meio ? "%" : "") + digitado + "%%0%";
+        for (int i = 1; i <= total; ++i)
+            if (Texto::like(nome(i) + QString::number(excluido(i)), padrao))
+                esperado << QString::number(i);
+
+        for (Busca::Plano plano : {Busca::Plano::PelaContagem, Busca::Plano::Sondado}) {
+            const Condicao c = Busca::porColuna(b.banco(), "Cliente", "NomeCliente", digitado, meio, plano);
+            PaginasBusca pg(b.banco(), "Cliente", c, "CodCliente", {"CodCliente"});
+            QCOMPARE(pg.contar(), qint64(esperado.size()));
+            QStringList lidas;
+            for (int volta = 0; !pg.fim() && volta < 100; ++volta)
+                for (const QVariantList& l : pg.proximas(200))
+                    lidas << l.value(0).toString();
+            QCOMPARE(lidas, esperado);
+        }
     }
 };
 
