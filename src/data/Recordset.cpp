@@ -45,8 +45,15 @@ void Recordset::carregar()
     m_modelo = q.record();
     for (int i = 0; i < m_modelo.count(); ++i)
         m_indices.insert(m_modelo.fieldName(i).toLower(), i);
-    while (q.next())
-        m_linhas.append(q.record());
+    // Each row copies the one field list read above: asking the driver for a record per row
+    // builds every field's name and type again, which on a wide table costs more than the row.
+    const int colunas = m_modelo.count();
+    while (q.next()) {
+        QSqlRecord linha = m_modelo;
+        for (int i = 0; i < colunas; ++i)
+            linha.setValue(i, q.value(i));
+        m_linhas.append(std::move(linha));
+    }
     m_pos = m_linhas.isEmpty() ? -1 : 0;
     m_aberto = true;
 }

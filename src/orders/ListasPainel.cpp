@@ -122,7 +122,7 @@ QList<LinhaPainel> linhas(Banco& banco, Lista l)
             p.Tipo = QStringLiteral("Visita");
             p.HoraSolicitada = q.value(3).toString();
             p.DiaPrometido = diaComHora(q.value(2).toString(), p.HoraSolicitada);
-            r << p;
+            r.append(std::move(p));
         }
     }
     for (const Condicao& c : condicoes(l)) {
@@ -152,7 +152,7 @@ QList<LinhaPainel> linhas(Banco& banco, Lista l)
             } else {
                 p.DiaPrometido = Datas::bancoParaTela(p.DataEntrega);
             }
-            r << p;
+            r.append(std::move(p));
         }
     }
     return r;
