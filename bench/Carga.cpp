@@ -1,11 +1,9 @@
 #include "Carga.h"
 
-#include <QRandomGenerator>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QTextStream>
 
 #include "data/Banco.h"
+#include "data/ConfigBanco.h"
 #include "data/Datas.h"
 #include "data/Numeracao.h"
 #include "data/Transacao.h"
@@ -21,20 +19,72 @@ const QStringList sobrenomes = {"da Silva", "dos Santos", "Oliveira", "Souza", "
 const QStringList tipos = {"TV", "MICROONDAS", "GELADEIRA", "LAVADORA", "SOM", "DVD", "NOTEBOOK", "VENTILADOR"};
 const QStringList marcas = {"SAMSUNG", "LG", "PHILIPS", "BRASTEMP", "CONSUL", "ELECTROLUX", "SONY", "PANASONIC"};
 
-QString sorteia(const QStringList& l) { return l.at(QRandomGenerator::global()->bounded(l.size())); }
-QString digitos(int n)
-{
-    QString s;
-    for (int i = 0; i < n; ++i)
-        s += QChar('0' + QRandomGenerator::global()->bounded(10));
-    return s;
-}
-QString nome() { return sorteia(nomes) + ' ' + sorteia(sobrenomes) + ' ' + sorteia(sobrenomes); }
+// The rows are made by the engine itself from these expressions: a million orders sent
+// one statement at a time would take most of an hour on a busy machine.
+struct Gerador {
+    Motor motor;
 
-void progresso(const char* oque, int feito, int total)
+    // A whole number in 0..n-1, drawn again for each row.
+    QString sorteio(qint64 n) const
+    {
+        return motor == Motor::SQLite ? QStringLiteral("(abs(random()) % %1)").arg(n)
+                                      : QStringLiteral("CAST(floor(random() * %1) AS bigint)").arg(n);
+    }
+    QString digitos(int n) const
+    {
+        qint64 teto = 1;
+        for (int i = 0; i < n; ++i)
+            teto *= 10;
+        // Built by joining: the printf format holds a "%0" that QString::arg would take.
+        const QString largura = QString::number(n);
+        return motor == Motor::SQLite ? "printf('%0" + largura + "d', " + sorteio(teto) + ")"
+                                      : "lpad(CAST(" + sorteio(teto) + " AS text), " + largura + ", '0')";
+    }
+    // One item of the list, drawn for each row. The lists are the benchmark's own constants.
+    QString item(const QStringList& lista) const
+    {
+        QStringList aspas;
+        for (const QString& s : lista)
+            aspas << QLatin1Char('"') + s + QLatin1Char('"');
+        const QString json = QLatin1Char('[') + aspas.join(QLatin1Char(',')) + QLatin1Char(']');
+        return motor == Motor::SQLite ? QStringLiteral("('%1' ->> %2)").arg(json, sorteio(lista.size()))
+                                      : QStringLiteral("(CAST('%1' AS jsonb) ->> CAST(%2 AS int))").arg(json, sorteio(lista.size()));
+    }
+    QString nome(bool maiusculas) const
+    {
+        auto l = [&](const QStringList& x) {
+            QStringList r;
+            for (const QString& s : x)
+                r << (maiusculas ? s.toUpper() : s);
+            return r;
+        };
+        return QStringLiteral("%1 || ' ' || %2 || ' ' || %3").arg(item(l(nomes)), item(l(sobrenomes)), item(l(sobrenomes)));
+    }
+    // The numbers inicio..fim, one row each, as column i, with a drawn `s` in 0..4 beside it.
+    QString serie(qint64 inicio, qint64 fim) const
+    {
+        const QString de = QString::number(inicio), ate = QString::number(fim);
+        return motor == Motor::SQLite
+            ? "(WITH RECURSIVE n(i) AS (SELECT " + de + " UNION ALL SELECT i + 1 FROM n WHERE i < " + ate + ") "
+              "SELECT i, " + sorteio(5) + " AS s FROM n) r"
+            : "(SELECT i, " + sorteio(5) + " AS s FROM generate_series(" + de + ", " + ate + ") AS g(i)) r";
+    }
+};
+
+void progresso(const char* oque, qint64 feito, qint64 total)
 {
-    if (feito % 100000 == 0 || feito == total)
-        QTextStream(stderr) << oque << ": " << feito << "/" << total << "\n";
+    QTextStream(stderr) << oque << ": " << feito << "/" << total << "\n";
+}
+
+// INSERT INTO tabela (colunas) SELECT valores FROM serie, with each column beside its value.
+void insereGerado(Banco& b, const QString& tabela, const QList<std::pair<QString, QString>>& colunas, const QString& serie)
+{
+    QStringList nomes, valores;
+    for (const auto& [nome, valor] : colunas) {
+        nomes << nome;
+        valores << valor;
+    }
+    b.executar("INSERT INTO " + tabela + " (" + nomes.join(", ") + ") SELECT " + valores.join(", ") + " FROM " + serie);
 }
 
 } // namespace
@@ -43,68 +93,61 @@ namespace Carga {
 
 void clientes(Banco& b, int n)
 {
-    const int lote = 20000;
-    for (int inicio = 0; inicio < n; inicio += lote) {
+    const Gerador g{b.motor()};
+    const int lote = 100000;
+    for (int inicio = 1; inicio <= n; inicio += lote) {
+        const int fim = qMin(n, inicio + lote - 1);
         Transacao tr(b);
-        QSqlQuery q(b.db());
-        q.prepare("INSERT INTO Cliente (CodCliente, NomeCliente, Endereco, Bairro, Cidade, Telefone, Celular, "
-                  "CnpjCpf, DataCadastro, Excluidos) VALUES (?,?,?,?,?,?,?,?,?,?)");
-        for (int i = inicio; i < qMin(n, inicio + lote); ++i) {
-            q.addBindValue(i + 1);
-            q.addBindValue(nome());
-            q.addBindValue("Rua " + sorteia(sobrenomes) + ", " + QString::number(i % 900 + 1));
-            q.addBindValue("Centro");
-            q.addBindValue("São Paulo");
-            q.addBindValue("11" + digitos(8));
-            q.addBindValue("119" + digitos(8));
-            q.addBindValue(digitos(11));
-            q.addBindValue(Datas::hoje());
-            q.addBindValue(i % 100 == 0 ? -1 : 0);
-            if (!q.exec())
-                throw ErroBanco("carga de clientes", q.lastError().text());
-        }
+        insereGerado(b, "Cliente",
+                     {{"CodCliente", "i"},
+                      {"NomeCliente", g.nome(false)},
+                      {"Endereco", "'Rua ' || " + g.item(sobrenomes) + " || ', ' || CAST(i % 900 + 1 AS text)"},
+                      {"Bairro", "'Centro'"},
+                      {"Cidade", "'São Paulo'"},
+                      {"Telefone", "'11' || " + g.digitos(8)},
+                      {"Celular", "'119' || " + g.digitos(8)},
+                      {"CnpjCpf", g.digitos(11)},
+                      {"DataCadastro", "'" + Datas::hoje() + "'"},
+                      {"Excluidos", "CASE WHEN i % 100 = 0 THEN -1 ELSE 0 END"}},
+                     g.serie(inicio, fim));
         tr.commit();
-        progresso("clientes", qMin(n, inicio + lote), n);
+        progresso("clientes", fim, n);
     }
 }
 
 void ordens(Banco& b, int n, int abertas, int clientes)
 {
-    const int lote = 20000;
-    for (int inicio = 0; inicio < n; inicio += lote) {
+    const Gerador g{b.motor()};
+    const int lote = 100000;
+    // The most recent orders are the ones still in the shop; s is the situation drawn.
+    const QString aberta = "i > " + QString::number(n - abertas);
+    auto flag = [](const QString& condicao) { return "CASE WHEN " + condicao + " THEN -1 ELSE 0 END"; };
+    for (int inicio = 1; inicio <= n; inicio += lote) {
+        const int fim = qMin(n, inicio + lote - 1);
         Transacao tr(b);
-        QSqlQuery q(b.db());
-        q.prepare("INSERT INTO OrdemServico (CodOs, CodCliente, NomeCliente, CpfCnpj, Telefone, Celular, Tipo, "
-                  "Marca, Modelo, DataEntrada, DataSaida, Saida, Consertado, Orcamento, AguardaPeca, Aprovado, "
-                  "Recusado, Excluidos, ValorPagar) VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
-        for (int i = inicio; i < qMin(n, inicio + lote); ++i) {
-            // The most recent orders are the ones still in the shop.
-            const bool aberta = i >= n - abertas;
-            const int situacao = QRandomGenerator::global()->bounded(5);
-            q.addBindValue(i + 1);
-            q.addBindValue(QString::number(QRandomGenerator::global()->bounded(clientes) + 1));
-            q.addBindValue(nome().toUpper());
-            q.addBindValue(digitos(11));
-            q.addBindValue("11" + digitos(8));
-            q.addBindValue("119" + digitos(8));
-            q.addBindValue(sorteia(tipos));
-            q.addBindValue(sorteia(marcas));
-            q.addBindValue("MOD-" + digitos(4));
-            q.addBindValue("2024/05/10");
-            q.addBindValue(aberta ? QStringLiteral("") : QStringLiteral("2024/06/01"));
-            q.addBindValue(aberta ? 0 : -1);
-            q.addBindValue(situacao == 1 ? -1 : 0);
-            q.addBindValue(situacao == 2 ? -1 : 0);
-            q.addBindValue(situacao == 3 ? -1 : 0);
-            q.addBindValue(situacao == 1 || situacao == 4 ? -1 : 0);
-            q.addBindValue(situacao == 2 && i % 3 == 0 ? -1 : 0);
-            q.addBindValue(i % 100 == 7 ? -1 : 0);
-            q.addBindValue(qint64(QRandomGenerator::global()->bounded(100000)));
-            if (!q.exec())
-                throw ErroBanco("carga de ordens", q.lastError().text());
-        }
+        insereGerado(b, "OrdemServico",
+                     {{"CodOs", "i"},
+                      {"CodCliente", "CAST(" + g.sorteio(clientes) + " + 1 AS text)"},
+                      {"NomeCliente", g.nome(true)},
+                      {"CpfCnpj", g.digitos(11)},
+                      {"Telefone", "'11' || " + g.digitos(8)},
+                      {"Celular", "'119' || " + g.digitos(8)},
+                      {"Tipo", g.item(tipos)},
+                      {"Marca", g.item(marcas)},
+                      {"Modelo", "'MOD-' || " + g.digitos(4)},
+                      {"DataEntrada", "'2024/05/10'"},
+                      {"DataSaida", "CASE WHEN " + aberta + " THEN '' ELSE '2024/06/01' END"},
+                      {"Saida", "CASE WHEN " + aberta + " THEN 0 ELSE -1 END"},
+                      {"Consertado", flag("s = 1")},
+                      {"Orcamento", flag("s = 2")},
+                      {"AguardaPeca", flag("s = 3")},
+                      {"Aprovado", flag("s IN (1, 4)")},
+                      {"Recusado", flag("s = 2 AND i % 3 = 0")},
+                      {"Excluidos", flag("i % 100 = 7")},
+                      {"ValorPagar", g.sorteio(100000)}},
+                     g.serie(inicio, fim));
         tr.commit();
-        progresso("ordens", qMin(n, inicio + lote), n);
+        progresso("ordens", fim, n);
     }
 }
 

@@ -171,24 +171,45 @@ int main(int argc, char** argv)
             err << "Preenchendo " << c.descricao() << "...\n";
             b->executar("DELETE FROM OrdemServico");
             b->executar("DELETE FROM Cliente");
-            QStringList trigramas;
-            if (c.motor == Motor::PostgreSQL) {
-                // A trigram index built once at the end costs a fraction of one kept up row by
-                // row; the schema check below builds them again.
-                QSqlQuery q = b->executar("SELECT indexname FROM pg_indexes WHERE indexname LIKE '%_tri'");
+            // Every index of the two big tables is built once at the end, from the whole
+            // table, instead of kept up row by row (the schema check below builds them
+            // again); on SQLite the fill also runs with a big cache and no flush per batch.
+            QStringList indices;
+            if (c.motor == Motor::SQLite) {
+                b->executar("PRAGMA cache_size = -1000000");
+                b->executar("PRAGMA synchronous = OFF");
+                for (const DefTabela& t : Esquema::tabelas()) {
+                    if (!t.temColunasMeio())
+                        continue;
+                    for (const char* gatilho : {"_ai", "_ad", "_au"})
+                        b->executar(QStringLiteral("DROP TRIGGER IF EXISTS %1%2").arg(t.nomeTrigrama(), gatilho));
+                    b->executar(QStringLiteral("DROP TABLE IF EXISTS %1").arg(t.nomeTrigrama()));
+                    indices << t.nomeTrigrama();
+                }
+                QSqlQuery q = b->executar("SELECT name FROM sqlite_master WHERE type = 'index' AND sql IS NOT NULL "
+                                          "AND tbl_name IN ('Cliente', 'OrdemServico')");
                 while (q.next())
-                    trigramas << q.value(0).toString();
-                for (const QString& i : std::as_const(trigramas))
+                    indices << q.value(0).toString();
+                for (const QString& i : std::as_const(indices))
+                    b->executar(QStringLiteral("DROP INDEX IF EXISTS %1").arg(i));
+            } else {
+                QSqlQuery q = b->executar("SELECT indexname FROM pg_indexes WHERE tablename IN ('cliente', 'ordemservico') "
+                                          "AND indexname NOT IN (SELECT conname FROM pg_constraint)");
+                while (q.next())
+                    indices << q.value(0).toString();
+                for (const QString& i : std::as_const(indices))
                     b->executar(QStringLiteral("DROP INDEX %1").arg(i));
             }
             Carga::clientes(*b, clientes);
             Carga::ordens(*b, ordens, abertas, clientes);
-            if (!trigramas.isEmpty()) {
-                err << "Criando os índices de trigramas...\n";
+            if (!indices.isEmpty()) {
+                err << "Criando os índices...\n";
                 b->garantirEsquema();
             }
             if (!p.isSet("sem-analyze"))
                 b->executar("ANALYZE");
+            if (c.motor == Motor::SQLite)
+                b->executar("PRAGMA synchronous = FULL");
         }
         Carga::contadores(*b);
         if (c.motor == Motor::SQLite)
@@ -294,7 +315,8 @@ int main(int argc, char** argv)
             {BuscaClientes::Opcao::CnpjCpf, "CPF/CNPJ", cliDocumento}, {BuscaClientes::Opcao::Telefone, "telefone", cliTelPesquisa}};
         for (const auto& [opcao, nome, textos] : buscasCliente) {
             const Operacao op = [&, opcao = opcao](const QString& t) {
-                PaginasBusca pg(*b, "Cliente", BuscaClientes::condicao(*b, opcao, t), BuscaClientes::Ordem, colunasGrade);
+                PaginasBusca pg(*b, "Cliente", BuscaClientes::condicao(*b, opcao, t, Busca::Plano::PelaContagem),
+                                BuscaClientes::Ordem, colunasGrade);
                 const qint64 total = pg.contar();
                 Q_UNUSED(total);
                 return int(pg.proximas(ModeloPesquisa::TamanhoPagina).size());
@@ -417,6 +439,7 @@ int main(int argc, char** argv)
             << ordens << " ordens, " << clientes << " clientes, " << abertas << " abertas; "
             << QSysInfo::prettyProductName() << ", " << QThread::idealThreadCount() << " núcleos"
             << (esfria ? "" : "; sem linhas de cache frio (falta --pg-dados)") << "\n\n";
+        out.flush();
         imprime(m);
     } catch (const ErroBanco& e) {
         err << e.textoCompleto() << "\n";
