@@ -39,7 +39,10 @@ int numero(QStringView s)
 QString bancoParaTela(const QString& texto)
 {
     // The stored form "yyyy/MM/dd" turned around by hand: lists show thousands of dates,
-    // and reading them through a format string cost more than reading the row.
+    // and reading them through a format string cost more than reading the row. Most open
+    // orders have no promised date yet: their empty text needs no reading at all.
+    if (texto.isEmpty())
+        return texto;
     if (texto.size() == 10 && texto.at(4) == QLatin1Char('/') && texto.at(7) == QLatin1Char('/')) {
         const QStringView t(texto);
         const int a = numero(t.mid(0, 4)), m = numero(t.mid(5, 2)), d = numero(t.mid(8, 2));
