@@ -60,14 +60,18 @@ struct Gerador {
         };
         return QStringLiteral("%1 || ' ' || %2 || ' ' || %3").arg(item(l(nomes)), item(l(sobrenomes)), item(l(sobrenomes)));
     }
-    // The numbers inicio..fim, one row each, as column i, with a drawn `s` in 0..4 beside it.
+    // The numbers inicio..fim, one row each, as column i, with `s` in 0..4 beside it: a
+    // scrambling of i rather than a draw, since SQLite may put a subquery's expression in
+    // each place that reads it (a draw there would differ from one flag to the next), and
+    // so that both engines hold the same situations.
     QString serie(qint64 inicio, qint64 fim) const
     {
         const QString de = QString::number(inicio), ate = QString::number(fim);
+        const QString s = "(i * 2654435761) % 4294967296 % 5 AS s";
         return motor == Motor::SQLite
             ? "(WITH RECURSIVE n(i) AS (SELECT " + de + " UNION ALL SELECT i + 1 FROM n WHERE i < " + ate + ") "
-              "SELECT i, " + sorteio(5) + " AS s FROM n) r"
-            : "(SELECT i, " + sorteio(5) + " AS s FROM generate_series(" + de + ", " + ate + ") AS g(i)) r";
+              "SELECT i, " + s + " FROM n) r"
+            : "(SELECT i, " + s + " FROM generate_series(" + de + ", " + ate + ") AS g(i)) r";
     }
 };
 
