@@ -68,10 +68,14 @@ QList<DefTabela> monta()
         "VendasLe:N VendasAl:N PedidoLe:N PedidoAl:N Permanente:N UsuarioSe:N chequeLe:N chequeAl:N "
         "ContaLe:N ContaAl:N AltOrca:N AltOs:N Backup:N Configuracao:N TesteBackup:N Movimento:N Registro:N");
 
+    // The search by the name's first letters counts its customers for the caption, live
+    // and deleted told apart: with the flag beside the name the count reads this index
+    // alone instead of every row of a common name.
     t << tabela("Cliente", "Chave",
         "CodCliente:I:PMX NomeCliente:T:PM Endereco Numero Complemento Bairro Cep Cidade Estado "
         "Telefone:T:PM TelFax:T:PM Celular:T:PM CnpjCpf:T:PMX RGIE Email SiteBlog Observacao "
-        "DataCadastro:Dt:X BloqCliente:F Alterado Excluidos:F");
+        "DataCadastro:Dt:X BloqCliente:F Alterado Excluidos:F",
+        {{"NomeCliente_b", "Excluidos"}});
 
     t << tabela("Fornecedor", "Chave",
         "CodFornecedor:I:X NomeEmpresa:T:PX NomeRevendedor NomeVendedor Endereco CnpjCpf IE Celular TelFax "
