@@ -4,6 +4,7 @@
 #include "apoio/BancoTeste.h"
 #include "cash/OrdemCaixa.h"
 #include "cash/RegistroPagamento.h"
+#include "data/Atualizacoes.h"
 #include "data/Datas.h"
 #include "orders/RecusaOrdem.h"
 
@@ -440,6 +441,55 @@ private slots:
         QCOMPARE(coluna(b.banco(), "SELECT Descricao FROM CadastroPecasNota WHERE codpeca = 'ABC123'").toString(),
                  QStringLiteral("TELA 14''"));
         QCOMPARE(contar(b.banco(), "CadastroPecasNota"), 3);
+    }
+
+    // An older store: the order that left through the till counts as posted; one that left
+    // without money (refused) and one still in the shop do not.
+    void ordensAntigasContamComoLancadas_data() { linhasMotores(); }
+    void ordensAntigasContamComoLancadas()
+    {
+        BANCO_DO_MOTOR(b);
+        OrdemTeste o;
+        o.maoObra = 5000;
+        o.venda = 2000;
+        const qint64 paga = inserirOrdem(b.banco(), o);
+        o.codOs = 58;
+        const qint64 recusada = inserirOrdem(b.banco(), o);
+        o.codOs = 59;
+        const qint64 aberta = inserirOrdem(b.banco(), o);
+        for (qint64 k : {paga, recusada, aberta})
+            inserirPeca(b.banco(), k, 0, "ANA", {"P1", 1000, 2000});
+        b->executar("UPDATE OrdemServico SET Saida = -1, DataSaida = '2024/06/01' WHERE CodOs IN (57, 58)");
+        b->inserir(*Esquema::tabela("Movimento"), {"CodVenda", "NomeCliente", "TipoVenda", "ValorTotal"},
+                   {57, QStringLiteral("ANA"), QStringLiteral("Conserto"), 7000});
+        b->inserir(*Esquema::tabela("Movimento"), {"CodVenda", "NomeCliente", "TipoVenda", "ValorTotal"},
+                   {58, QStringLiteral("JOSE"), QStringLiteral("Conserto"), 7000});
+        Atualizacoes::lancamentosAnteriores(b.banco());
+        const auto p = OrdensCaixa::ler(b.banco(), paga);
+        QVERIFY(p->Lancada);
+        QCOMPARE(p->ValorLancado.centavos(), 7000);
+        QCOMPARE(p->MaoObraLancada.centavos(), 5000);
+        QVERIFY(!OrdensCaixa::ler(b.banco(), recusada)->Lancada);
+        QVERIFY(!OrdensCaixa::ler(b.banco(), aberta)->Lancada);
+        QCOMPARE(contar(b.banco(), "PecasAplicadas", "Lancada = -1 AND CodOsAut = ?", {paga}), 1);
+        QCOMPARE(contar(b.banco(), "PecasAplicadas", "Lancada = -1"), 1);
+        b->executar("UPDATE OrdemServico SET Saida = 0, DataSaida = '' WHERE CodOs = 57");
+        QCOMPARE(OrdensCaixa::ler(b.banco(), paga)->aCobrar().centavos(), 0);
+    }
+
+    // A store from before the till kept its postings gets the columns when opened.
+    void lojaAntigaGanhaAsColunas_data() { linhasMotores(); }
+    void lojaAntigaGanhaAsColunas()
+    {
+        BANCO_DO_MOTOR(b);
+        for (const char* c : {"Lancada", "ValorLancado", "MaoObraLancada"})
+            b->executar(QStringLiteral("ALTER TABLE OrdemServico DROP COLUMN %1").arg(QLatin1String(c)));
+        b->executar("ALTER TABLE PecasAplicadas DROP COLUMN Lancada");
+        QVERIFY(b->garantirEsquema() >= 2);
+        Cenario57 c(b.banco());
+        RegistroPagamento::gravar(b.banco(), pagamento(c.chave, c.o));
+        QCOMPARE(contar(b.banco(), "PecasAplicadas", "Lancada = -1"), 2);
+        QCOMPARE(OrdensCaixa::ler(b.banco(), c.chave)->ValorLancado.centavos(), 14000);
     }
 
     void planos_data()
