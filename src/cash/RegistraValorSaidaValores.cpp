@@ -154,6 +154,10 @@ bool RegistraValorSaida::leValor(QLineEdit* caixa, const QString& campo, Dinheir
 std::optional<PagamentoCaixa> RegistraValorSaida::leCaixas()
 {
     PagamentoCaixa p;
+    // A document typed and not yet checked (record pressed without leaving the box) is
+    // checked now, so it goes to the store as digits.
+    if (!CamposDocumento::checaSeDigitado(m_txt[1]))
+        return std::nullopt;
     if (!leValor(m_txt[10], QStringLiteral("Valor total"), &p.total)
         || !leValor(m_txt[17], QStringLiteral("Desconto"), &p.desconto)
         || !leValor(m_txt[11], QStringLiteral("Valor pago"), &p.pago))

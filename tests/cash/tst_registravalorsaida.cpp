@@ -376,6 +376,25 @@ private slots:
         QCOMPARE(linhas("ContasReceber"), 2);
     }
 
+    // A customer not in the register: created at the record, its document kept as digits.
+    void clienteNovoPeloCaixa_data() { motores(); }
+    void clienteNovoPeloCaixa()
+    {
+        if (!abreOrdem57(15000, "UPDATE OrdemServico SET CodCliente = '', CpfCnpj = ''"))
+            QSKIP("PostgreSQL não está configurado");
+        QCOMPARE(txt(16)->text(), QString());
+        digita(txt(1), "111.444.777-35");
+        digita(txt(7), "1932345678");
+        digita(txt(11), "150,00");
+        botao(8)->click();
+        QCOMPARE(linhas("Cliente"), 1);
+        QCOMPARE(b->banco().escalar("SELECT CnpjCpf FROM Cliente").toString(), QString("11144477735"));
+        QCOMPARE(b->banco().escalar("SELECT Telefone FROM Cliente").toString(), QString("1932345678"));
+        QCOMPARE(b->banco().escalar("SELECT CpfCnpj FROM OrdemServico").toString(), QString("11144477735"));
+        QCOMPARE(b->banco().escalar("SELECT CpfCnpj FROM CadastroNotaFiscal").toString(), QString("11144477735"));
+        QCOMPARE(txt(16)->text(), QString("1"));
+    }
+
     void dinheiroNaoPerguntaCheque_data() { motores(); }
     void dinheiroNaoPerguntaCheque()
     {

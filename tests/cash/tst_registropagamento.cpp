@@ -6,7 +6,10 @@
 #include "cash/RegistroPagamento.h"
 #include "data/Atualizacoes.h"
 #include "data/Datas.h"
+#include "orders/GravacaoOrdem.h"
+#include "orders/Ordem.h"
 #include "orders/RecusaOrdem.h"
+#include "orders/TransicoesOrdem.h"
 
 using namespace ApoioCaixa;
 
@@ -490,6 +493,40 @@ private slots:
         RegistroPagamento::gravar(b.banco(), pagamento(c.chave, c.o));
         QCOMPARE(contar(b.banco(), "PecasAplicadas", "Lancada = -1"), 2);
         QCOMPARE(OrdensCaixa::ler(b.banco(), c.chave)->ValorLancado.centavos(), 14000);
+    }
+
+    // Refused and warranty orders leave at the counter without the till: no money, no
+    // stock, no sale rows. Only an approved one goes to the till.
+    void semDinheiroNaEntrega_data()
+    {
+        QTest::addColumn<int>("motor");
+        QTest::addColumn<QString>("estado");
+        QTest::addColumn<bool>("vaiAoCaixa");
+        for (int m : {int(Motor::SQLite), int(Motor::PostgreSQL)}) {
+            const QString e = m == int(Motor::SQLite) ? "sqlite " : "postgres ";
+            QTest::newRow(qPrintable(e + "recusada")) << m << "Aprovado = 0, Recusado = -1" << false;
+            QTest::newRow(qPrintable(e + "garantia aprovada")) << m << "Aprovado = -1, Garantia = -1" << false;
+            QTest::newRow(qPrintable(e + "aprovada")) << m << "Aprovado = -1" << true;
+        }
+    }
+    void semDinheiroNaEntrega()
+    {
+        BANCO_DO_MOTOR(b);
+        QFETCH(QString, estado);
+        QFETCH(bool, vaiAoCaixa);
+        Cenario57 c(b.banco());
+        b->executar(QStringLiteral("UPDATE OrdemServico SET %1").arg(estado));
+        Ordem o = *GravacaoOrdem::carregar(b.banco(), c.chave);
+        QCOMPARE(TransicoesOrdem::entregar(o), vaiAoCaixa);
+        if (vaiAoCaixa)
+            RegistroPagamento::gravar(b.banco(), pagamento(c.chave, c.o));
+        else
+            TransicoesOrdem::salvarEntrega(b.banco(), o);
+        QCOMPARE(contar(b.banco(), "Movimento"), vaiAoCaixa ? 1 : 0);
+        QCOMPARE(contar(b.banco(), "VendaDetalhada"), vaiAoCaixa ? 3 : 0);
+        QCOMPARE(estoque(b.banco(), "P2"), vaiAoCaixa ? 4000 : 5000);
+        QVERIFY(OrdensCaixa::ler(b.banco(), c.chave)->entregue());
+        QCOMPARE(OrdensCaixa::ler(b.banco(), c.chave)->Lancada, vaiAoCaixa);
     }
 
     void planos_data()
