@@ -56,7 +56,7 @@ void RegistraValorSaida::montaTela()
         auto* t = new QLineEdit(this);
         t->setObjectName(QStringLiteral("Txt(%1)").arg(i));
         m_txt << t;
-        if (i == 11 || i == 11 + 1 || i == 10 || i == 17)
+        if (i == 10 || i == 11 || i == 12 || i == 17)
             t->setAlignment(Qt::AlignRight);
     }
     for (int i : {0, 14, 15, 16})

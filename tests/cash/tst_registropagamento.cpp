@@ -2,6 +2,7 @@
 
 #include "ApoioCaixa.h"
 #include "apoio/BancoTeste.h"
+#include "apoio/OutraEstacao.h"
 #include "cash/OrdemCaixa.h"
 #include "cash/RegistroPagamento.h"
 #include "data/Atualizacoes.h"
@@ -373,6 +374,21 @@ private slots:
         QCOMPARE(contar(b.banco(), "Movimento"), 1);
         QCOMPARE(contar(b.banco(), "VendaDetalhada"), 3);
         QCOMPARE(estoque(b.banco(), "P2"), 4000);
+    }
+
+    // The other station's till is in the middle of closing order 57: this one waits for it
+    // and then finds the order delivered, so it posts nothing.
+    void outraEstacaoNoMeioDaGravacao_data() { linhasMotores(); }
+    void outraEstacaoNoMeioDaGravacao()
+    {
+        BANCO_DO_MOTOR(b);
+        Cenario57 c(b.banco());
+        OutraEstacaoGravando outra(b, QStringLiteral("UPDATE OrdemServico SET Saida = -1, DataSaida = '2025/01/31' "
+                                                     "WHERE CodOsAut = %1").arg(c.chave), 1500);
+        QCOMPARE(recusa(b.banco(), pagamento(c.chave, c.o)), RegistroPagamento::MsgJaEntregue);
+        QCOMPARE(outra.terminar(), QString());
+        QCOMPARE(linhasDaVenda(b.banco()), 0);
+        QCOMPARE(estoque(b.banco(), "P2"), 5000);
     }
 
     // Order 57 posted at 140,00 on "30/60 DIAS", the first 70,00 paid, reopened with 30,00
