@@ -127,8 +127,12 @@ QStringList lancar(Banco& banco, const OrdemCaixa& o, const PagamentoCaixa& p,
                 {o.CodOsAut, o.CodOs, o.NomeCliente, pc.codpeca, pc.quantidade.milesimos(), pc.Descricao, pc.Unidade,
                  c(pc.ValorCusto), c(pc.ValorMinimo), c(pc.ValorDesconto), c(pc.ValorVenda), c(pc.ValorTotal),
                  pc.Departamento, pc.Fornecedor, pc.Grupo, pc.Armazenado, hoje, Conserto, o.Tecnico, hora});
-        banco.executar(QStringLiteral("UPDATE PecasAplicadas SET Lancada = -1 WHERE CodPecAut = ?"), {pc.CodPecAut});
     }
+    if (!pecas.isEmpty())
+        // One statement for all the rows read; a part another station adds meanwhile has a
+        // higher key and waits for the next delivery.
+        banco.executar(QStringLiteral("UPDATE PecasAplicadas SET Lancada = -1 WHERE CodOsAut = ? AND TipoVisita = '' "
+                                      "AND Lancada = 0 AND CodPecAut <= ?"), {o.CodOsAut, pecas.last().CodPecAut});
 
     const Dinheiro maoObra = o.maoObraNova();
     const QString codCliente = p.codCliente.isEmpty() ? o.CodCliente : p.codCliente;
