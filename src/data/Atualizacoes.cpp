@@ -12,6 +12,7 @@ const QList<Passo>& passos()
     // One line per version, in order.
     static const QList<Passo> p = {
         {2, &documentosEmDigitos},
+        {4, &lancamentosAnteriores},
     };
     return p;
 }
@@ -69,6 +70,17 @@ void documentosEmDigitos(Banco& banco)
             banco.executar(QStringLiteral("UPDATE %1 SET %2 = ? WHERE %3 = ?").arg(t->nome, coluna, t->chave),
                            {digitos, chave});
     }
+}
+
+void lancamentosAnteriores(Banco& banco)
+{
+    banco.executar(QStringLiteral(
+        "UPDATE OrdemServico SET Lancada = -1, ValorLancado = ValorPagar, MaoObraLancada = MaoObra "
+        "WHERE Saida <> 0 AND Lancada = 0 AND EXISTS (SELECT 1 FROM Movimento m WHERE m.CodVenda = OrdemServico.CodOs "
+        "AND m.NomeCliente = OrdemServico.NomeCliente AND m.TipoVenda = 'Conserto')"));
+    banco.executar(QStringLiteral(
+        "UPDATE PecasAplicadas SET Lancada = -1 WHERE Lancada = 0 AND TipoVisita = '' AND CodOsAut IN "
+        "(SELECT CodOsAut FROM OrdemServico WHERE Lancada <> 0 AND Saida <> 0)"));
 }
 
 }

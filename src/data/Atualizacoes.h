@@ -20,4 +20,9 @@ int ultimaVersao();
 // now keep them; a text that isn't a document (a foreign number) stays as it stands.
 void documentosEmDigitos(Banco& banco);
 
+// Version 4: an order delivered through the till before the till kept what it posted
+// (its cash movement is there) counts as posted whole, with its parts, so reopening it
+// never charges or posts it again.
+void lancamentosAnteriores(Banco& banco);
+
 }

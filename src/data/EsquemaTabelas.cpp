@@ -90,7 +90,9 @@ QList<DefTabela> monta()
         "DefeitoReal Servicoreal ServicoExecutado StatusConserto MaoObra:D ValorVenda:D ValorPecas:D "
         "ValorDescontoPeca:D ValorPagar:D ValorDesconto:D ValorPago:D Pendurado:I Consertado:F "
         "Orcamento:F AguardaPeca:F Devolver:F Aprovado:F Recusado:F Contato:F Garantia:F Fabrica:F "
-        "ChamadoTecnico:F OrdemBloqueada:F Saida:F DtEntrega:F OsAlterado Excluidos:F");
+        "ChamadoTecnico:F OrdemBloqueada:F Saida:F DtEntrega:F OsAlterado Excluidos:F "
+        // What the till has already posted of the order, so a reopened order posts only what is new.
+        "Lancada:F ValorLancado:D MaoObraLancada:D");
 
     t << tabela("SintomaOS", "Chave", "CodOs:I:X CodOsAut:I:X NomeOS CodDef DefeitoOS");
     t << tabela("ServicoOS", "Chave",
@@ -104,7 +106,7 @@ QList<DefTabela> monta()
         "CodPecAut:A CodOs:I:X CodOsAut:I:X NomeCliente TipoVisita CodManu:I:X codpeca:T:X Descricao "
         "Quantidade:Q ValorCusto:D ValorVenda:D ValorDesconto:D ValorTotal:D ValorMinimo:D Aliquota "
         "TipoAliquota Fornecedor Departamento Armazenado Grupo SubGrupo Unidade Modulo "
-        "ControleEstoque:F BaixaEstoque:F QuantidadeBaixada:Q");
+        "ControleEstoque:F BaixaEstoque:F QuantidadeBaixada:Q Lancada:F");
 
     t << tabela("VisitaTecnico", "Chave",
         "CodManu:I:PMX CodCliente:T:P NomeCliente:T:P EndTel Solicitacao DataSolicitada:Dt:X "
