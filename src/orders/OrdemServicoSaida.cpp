@@ -98,6 +98,10 @@ void OrdemServicoSaida::montaTela()
     m_codOs->setObjectName(QStringLiteral("TxtCodOs"));
     m_codFabrica = new QLineEdit(this);
     m_codFabrica->setObjectName(QStringLiteral("TxtCodFabrica"));
+    for (QLineEdit* le : {m_codOs, m_codFabrica}) {
+        le->setReadOnly(true);
+        le->setMaximumWidth(140);
+    }
     m_resposta = new QLabel(this);
     m_resposta->setObjectName(QStringLiteral("LblResposta"));
     QFont f = m_resposta->font();
@@ -143,9 +147,12 @@ void OrdemServicoSaida::montaTela()
     m_entregarDia = new QLineEdit(this);
     m_entregarDia->setObjectName(QStringLiteral("DtEntrega"));
     m_entregarDia->setInputMask(QStringLiteral("99/99/9999;_"));
+    m_entregarDia->setMaximumWidth(120);
     m_valor = new QLineEdit(this);
     m_valor->setObjectName(QStringLiteral("TxtValor"));
     m_valor->setReadOnly(true);
+    m_valor->setMaximumWidth(140);
+    m_valor->setAlignment(Qt::AlignRight);
     m_armazenado = new QLineEdit(this);
     m_armazenado->setObjectName(QStringLiteral("TxtArmazenado"));
     m_observacao = new QPlainTextEdit(this);
@@ -166,6 +173,7 @@ void OrdemServicoSaida::montaTela()
     baixo->addWidget(new QLabel(QStringLiteral("Observação"), this), 2, 0);
     baixo->addWidget(m_observacao, 2, 1, 1, 5);
     raiz->addLayout(baixo);
+    raiz->addStretch();
 
     struct Def {
         const char* texto;
