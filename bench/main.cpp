@@ -27,6 +27,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "BenchEntrega.h"
 #include "Carga.h"
 #include "Manutencao.h"
 #include "Medidor.h"
@@ -389,6 +390,7 @@ int main(int argc, char** argv)
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             return -1;
         });
+        medeEntrega(*b, m);
 
         // A pasted link or code with no space to break at, cut into lines of a sheet.
         {
