@@ -458,12 +458,8 @@ bool OrdemServicoEntrada::eventFilter(QObject* alvo, QEvent* e)
 
 void OrdemServicoEntrada::botaoSalvar()
 {
-    const Sessao& s = sessao();
-    if (s.SenhaObrigatoria != 0 && s.SenhaLiberada == 0) {
-        sessao().SenhaOrigem = QStringLiteral("OrdemEntrada");
-        RegistroTelas::abrir(QStringLiteral("SenhaPde"));
+    if (RecusaTela::esperaSenha(QStringLiteral("OrdemEntrada")))
         return;
-    }
     if (botao(1)->text() == Salvar)
         salvarOrdem();
     else
@@ -695,10 +691,7 @@ void OrdemServicoEntrada::closeEvent(QCloseEvent* e)
             return;
         }
         if (r == Dialogos::Resposta::Sim) {
-            const Sessao& s = sessao();
-            if (s.SenhaObrigatoria != 0 && s.SenhaLiberada == 0) {
-                sessao().SenhaOrigem = QStringLiteral("OrdemEntrada");
-                RegistroTelas::abrir(QStringLiteral("SenhaPde"));
+            if (RecusaTela::esperaSenha(QStringLiteral("OrdemEntrada"))) {
                 e->ignore();
                 return;
             }
@@ -708,10 +701,7 @@ void OrdemServicoEntrada::closeEvent(QCloseEvent* e)
             }
         }
     }
-    if (auto msg = TravaOrdem::aoSairDaTela()) {
-        Dialogos::mensagem(this, *msg);
-        RegistroTelas::abrir(QStringLiteral("Login"));
-    }
+    RecusaTela::aoSairDaTela(this);
     e->accept();
 }
 

@@ -415,12 +415,8 @@ void OrdemServicoSaida::entregarOuSalvar()
 {
     if (m_ordem.nova())
         return;
-    const Sessao& s = sessao();
-    if (s.SenhaObrigatoria != 0 && s.SenhaLiberada == 0) {
-        sessao().SenhaOrigem = QStringLiteral("OrdemSaida");
-        RegistroTelas::abrir(QStringLiteral("SenhaPde"));
+    if (RecusaTela::esperaSenha(QStringLiteral("OrdemSaida")))
         return;
-    }
     if (m_botoes[1]->text() == Salvar) {
         salvar();
         return;
@@ -569,10 +565,7 @@ void OrdemServicoSaida::closeEvent(QCloseEvent* e)
 {
     if (m_alterado) {
         if (Dialogos::pergunta(this, QStringLiteral("Você alterou o registro,deseja salvar ?"))) {
-            const Sessao& s = sessao();
-            if (s.SenhaObrigatoria != 0 && s.SenhaLiberada == 0) {
-                sessao().SenhaOrigem = QStringLiteral("OrdemSaida");
-                RegistroTelas::abrir(QStringLiteral("SenhaPde"));
+            if (RecusaTela::esperaSenha(QStringLiteral("OrdemSaida"))) {
                 e->ignore();
                 return;
             }
@@ -583,10 +576,7 @@ void OrdemServicoSaida::closeEvent(QCloseEvent* e)
         }
     }
     fechaLista();
-    if (auto msg = TravaOrdem::aoSairDaTela()) {
-        Dialogos::mensagem(this, *msg);
-        RegistroTelas::abrir(QStringLiteral("Login"));
-    }
+    RecusaTela::aoSairDaTela(this);
     e->accept();
 }
 

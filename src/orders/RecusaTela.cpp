@@ -2,6 +2,7 @@
 
 #include "data/Sessao.h"
 #include "orders/RecusaOrdem.h"
+#include "orders/TravaOrdem.h"
 #include "ui/Dialogos.h"
 #include "ui/RegistroTelas.h"
 
@@ -21,6 +22,24 @@ void mostrar(QWidget* pai, const Recusa& r)
         sessao().SenhaOrigem = Recusa::origemLiberacao();
         RegistroTelas::abrir(QStringLiteral("SenhaPde"));
         break;
+    }
+}
+
+bool esperaSenha(const QString& origem)
+{
+    const Sessao& s = sessao();
+    if (s.SenhaObrigatoria == 0 || s.SenhaLiberada != 0)
+        return false;
+    sessao().SenhaOrigem = origem;
+    RegistroTelas::abrir(QStringLiteral("SenhaPde"));
+    return true;
+}
+
+void aoSairDaTela(QWidget* pai)
+{
+    if (auto msg = TravaOrdem::aoSairDaTela()) {
+        Dialogos::mensagem(pai, *msg);
+        RegistroTelas::abrir(QStringLiteral("Login"));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+class QString;
 class QWidget;
 struct Recusa;
 
@@ -8,4 +9,11 @@ struct Recusa;
 // user release the change.
 namespace RecusaTela {
 void mostrar(QWidget* pai, const Recusa& r);
+// A user who must give his password before a guarded save: the password-at-use screen
+// opens with `origem`, which presses the action again once the password is right. True
+// when the action must wait for it.
+bool esperaSenha(const QString& origem);
+// Leaving an order's screen after another user released a change: that user's rights go,
+// and the login follows.
+void aoSairDaTela(QWidget* pai);
 }
