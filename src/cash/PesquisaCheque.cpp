@@ -1,5 +1,6 @@
 #include "cash/PesquisaCheque.h"
 
+#include <QLineEdit>
 #include <QSqlRecord>
 
 #include "cash/RegCheque.h"
@@ -35,6 +36,9 @@ PesquisaCheque::PesquisaCheque(QWidget* pai) : TelaPesquisa(pai)
                {QStringLiteral("DataVencimento"), QStringLiteral("Vencimento"), 80}};
     setMinimumSize(900, 440);
     iniciar();
+    for (int i = 0; i < m_opcoes.size(); ++i)
+        if (auto* caixa = findChild<QLineEdit*>(QStringLiteral("Text1(%1)").arg(i)))
+            caixa->setPlaceholderText(QStringLiteral("Digite e tecle enter"));
 }
 
 Condicao PesquisaCheque::condicaoBusca(const Opcao& opcao, const QString& texto)

@@ -422,6 +422,8 @@ private slots:
         auto* p = qobject_cast<PesquisaCheque*>(RegistroTelas::abrir("PesquisaCheque"));
         QVERIFY(p);
         p->escolheOpcao(opcao);
+        QCOMPARE(p->findChild<QLineEdit*>(QString("Text1(%1)").arg(opcao))->placeholderText(),
+                 QString("Digite e tecle enter"));
         p->findChild<QLineEdit*>(QString("Text1(%1)").arg(opcao))->setText(texto);
         p->pesquisa();
         QCOMPARE(p->encontrados(), achados);
