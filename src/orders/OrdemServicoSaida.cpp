@@ -444,10 +444,13 @@ void OrdemServicoSaida::entregarOuSalvar()
     }
     // Without money: the order leaves now, unless it left before and only the sheet is wanted.
     if (o.DataSaida != m_ordem.DataSaida) {
+        // Marked as a change, so that a save the store refused stays on the screen to be
+        // made again.
+        if (!marcaAlterado())
+            return;
         m_ordem = o;
         m_dataSaida->setText(Datas::bancoParaTela(o.DataSaida));
         m_armazenado->setText(o.Armazenado);
-        m_alterado = true;
         if (!salvar())
             return;
     }

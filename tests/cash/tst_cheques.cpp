@@ -279,6 +279,23 @@ private slots:
         QCOMPARE(contar("NumeroConta = '9999' AND Quitado <> 0"), 1);
     }
 
+    void falhaNoMeio()
+    {
+        // The store refuses the second cheque: the first must not stay behind.
+        b->banco().executar("CREATE TRIGGER falha BEFORE INSERT ON CadastroCheque WHEN NEW.NumeroCheque = '102' "
+                            "BEGIN SELECT RAISE(ABORT, 'disco cheio'); END");
+        abre();
+        preenche("JOANA D'ARC", "CHEQUE-PRÉ 30/60", "150,75");
+        QVERIFY(!tela->salvar());
+        QCOMPARE(contar("1 = 1"), 0);
+        QCOMPARE(Dialogos::Roteiro::registros().last().titulo, QString("Erro ao gravar formulário,"));
+        QCOMPARE(t1(3)->text(), QString("ITAU"));
+        QCOMPARE(t6(9)->text(), QString("102"));
+        b->banco().executar("DROP TRIGGER falha");
+        QVERIFY(tela->salvar());
+        QCOMPARE(contar("Codcadastro = 1"), 2);
+    }
+
     void semDireito()
     {
         sessao().DireitochequeAl = 0;

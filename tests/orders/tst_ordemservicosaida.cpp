@@ -308,6 +308,26 @@ private slots:
         }
     }
 
+    void falhaNaGravacao()
+    {
+        const qint64 chave = ordem(57, "consertado recusado");
+        b->banco().executar("CREATE TRIGGER falha BEFORE UPDATE ON OrdemServico "
+                            "BEGIN SELECT RAISE(ABORT, 'disco cheio'); END");
+        abre(chave);
+        Dialogos::Roteiro::responderSim();
+        Dialogos::Roteiro::responderNao();
+        clica(1);
+        QCOMPARE(Dialogos::Roteiro::registros().last().titulo, QString("Erro ao gravar formulário,"));
+        QCOMPARE(coluna("Saida", chave).toInt(), 0);
+        QCOMPARE(coluna("Armazenado", chave).toString(), QString("PRATELEIRA 3"));
+        // The screen keeps what was done, and the same save goes through once the store answers.
+        QVERIFY(tela->alterado());
+        QVERIFY(campo<QLineEdit>("TxtArmazenado")->text().startsWith("Saiu "));
+        b->banco().executar("DROP TRIGGER falha");
+        clica(1);
+        QCOMPARE(coluna("Saida", chave).toInt(), -1);
+    }
+
     void outraEstacao_data() { linhasMotores(); }
     void outraEstacao()
     {
