@@ -245,14 +245,25 @@ bool OrdemServicoSaida::carregaOrdem(qint64 codOsAut)
     }
 }
 
+bool OrdemServicoSaida::livreParaOutra()
+{
+    // Another screen's choice would otherwise replace typed changes without a word.
+    if (!m_alterado)
+        return true;
+    Dialogos::mensagem(this, QStringLiteral("Salve ou cancele a alteração desta O.S antes de abrir outra."), {},
+                       Dialogos::Icone::Aviso);
+    return false;
+}
+
 void OrdemServicoSaida::abreOrdem(const QVariantMap& dados)
 {
-    carregaOrdem(dados.value(QStringLiteral("CodOsAut")).toLongLong());
+    if (livreParaOutra())
+        carregaOrdem(dados.value(QStringLiteral("CodOsAut")).toLongLong());
 }
 
 void OrdemServicoSaida::mostraOrdem(const QVariantMap& dados)
 {
-    if (!m_banco)
+    if (!m_banco || !livreParaOutra())
         return;
     const QString codOs = dados.value(QStringLiteral("CodOs")).toString();
     const QString codOsAut = dados.value(QStringLiteral("CodOsAut")).toString();

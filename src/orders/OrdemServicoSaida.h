@@ -68,6 +68,7 @@ private:
     void desmarca();
     bool ordemDosCampos(Ordem& o);
     void fechaLista();
+    bool livreParaOutra();
 
     std::unique_ptr<Banco> m_banco;
     Ordem m_ordem;       // with the changes made on the screen

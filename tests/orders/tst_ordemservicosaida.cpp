@@ -137,6 +137,11 @@ private slots:
         QCOMPARE(campo<QLineEdit>("TxtCodOs")->text(), QString("112"));
         tela->abreOrdem({{"CodOsAut", chave}});
         QCOMPARE(campo<QLineEdit>("TxtCodOs")->text(), QString("12"));
+        // Typed changes are never dropped by another screen's choice.
+        clica(5);
+        tela->abreOrdem({{"CodOsAut", semCliente}});
+        QCOMPARE(campo<QLineEdit>("TxtCodOs")->text(), QString("12"));
+        QVERIFY(Dialogos::Roteiro::ultimoTexto().startsWith("Salve ou cancele"));
     }
 
     // --- the hand-over -----------------------------------------------------------------------
