@@ -28,6 +28,7 @@
 #include <unistd.h>
 
 #include "BenchCaixa.h"
+#include "BenchEntrega.h"
 #include "Carga.h"
 #include "Manutencao.h"
 #include "Medidor.h"
@@ -414,6 +415,7 @@ int main(int argc, char** argv)
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             return -1;
         });
+        medeEntrega(*b, m);
 
         m << medeCaixa(*b);
 

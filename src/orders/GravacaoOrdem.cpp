@@ -172,6 +172,10 @@ void gravar(Banco& banco, Ordem& o, const Filhas& filhas, std::optional<TelaOrde
         if (rs.eof())
             throw ErroBanco(QStringLiteral("Erro ao gravar formulário,"),
                             QStringLiteral("A ordem de serviço foi excluída em outra estação."));
+        // A box this station changed that another changed too since the load is refused,
+        // never overwritten; columns changed only on one side merge.
+        if (!ColunasOrdem::emConflito(trabalho, rs).isEmpty())
+            throw RegistroAlterado(false);
     }
     ColunasOrdem::escrever(trabalho, rs);
     rs.update();

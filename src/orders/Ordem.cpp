@@ -106,6 +106,22 @@ void ler(const Recordset& rs, Ordem& o)
     });
 }
 
+QStringList emConflito(const Ordem& o, const Recordset& rs)
+{
+    Ordem guardada;
+    ler(rs, guardada);
+    QStringList r;
+    cadaColuna([&](const QString& nome, auto obter, auto) {
+        const auto lida = o.lidas.constFind(nome);
+        if (lida == o.lidas.constEnd())
+            return;
+        const QVariant minha = obter(o), deles = obter(guardada);
+        if (minha != lida.value() && deles != lida.value() && deles != minha)
+            r << nome;
+    });
+    return r;
+}
+
 void escrever(const Ordem& o, Recordset& rs)
 {
     cadaColuna([&](const QString& nome, auto obter, auto) {

@@ -89,6 +89,9 @@ QVariant valor(const Ordem& o, const QString& coluna);
 void ler(const Recordset& rs, Ordem& o);
 // Writes into the recordset's row the columns that differ from what was read.
 void escrever(const Ordem& o, Recordset& rs);
+// The columns this station changed that another station changed too, to something else,
+// since the order was read: the save must not overwrite them.
+QStringList emConflito(const Ordem& o, const Recordset& rs);
 }
 
 // The same for the three child tables.

@@ -28,6 +28,7 @@
 #include "orders/CatalogosOrdem.h"
 #include "orders/GravacaoOrdem.h"
 #include "orders/NumeroOrdem.h"
+#include "orders/RecusaTela.h"
 #include "orders/TransicoesOrdem.h"
 #include "orders/TravaOrdem.h"
 #include "registers/CamposDocumento.h"
@@ -387,22 +388,7 @@ void OrdemServicoEntrada::voltaANavegacao(qint64 chave)
 
 // --- changes and the lock ------------------------------------------------------------------
 
-void OrdemServicoEntrada::mostraRecusa(const Recusa& r)
-{
-    switch (r.seguimento) {
-    case Recusa::Aviso:
-        Dialogos::mensagem(this, r.mensagem, r.titulo, Dialogos::Icone::Aviso);
-        break;
-    case Recusa::Negado:
-        RegistroTelas::abrir(QStringLiteral("Negado"));
-        break;
-    case Recusa::SenhaLiberaAltOs:
-        Dialogos::mensagem(this, r.mensagem, r.titulo, Dialogos::Icone::Aviso);
-        sessao().SenhaOrigem = Recusa::origemLiberacao();
-        RegistroTelas::abrir(QStringLiteral("SenhaPde"));
-        break;
-    }
-}
+void OrdemServicoEntrada::mostraRecusa(const Recusa& r) { RecusaTela::mostrar(this, r); }
 
 bool OrdemServicoEntrada::ordemTravada()
 {
@@ -472,12 +458,8 @@ bool OrdemServicoEntrada::eventFilter(QObject* alvo, QEvent* e)
 
 void OrdemServicoEntrada::botaoSalvar()
 {
-    const Sessao& s = sessao();
-    if (s.SenhaObrigatoria != 0 && s.SenhaLiberada == 0) {
-        sessao().SenhaOrigem = QStringLiteral("OrdemEntrada");
-        RegistroTelas::abrir(QStringLiteral("SenhaPde"));
+    if (RecusaTela::esperaSenha(QStringLiteral("OrdemEntrada")))
         return;
-    }
     if (botao(1)->text() == Salvar)
         salvarOrdem();
     else
@@ -709,10 +691,7 @@ void OrdemServicoEntrada::closeEvent(QCloseEvent* e)
             return;
         }
         if (r == Dialogos::Resposta::Sim) {
-            const Sessao& s = sessao();
-            if (s.SenhaObrigatoria != 0 && s.SenhaLiberada == 0) {
-                sessao().SenhaOrigem = QStringLiteral("OrdemEntrada");
-                RegistroTelas::abrir(QStringLiteral("SenhaPde"));
+            if (RecusaTela::esperaSenha(QStringLiteral("OrdemEntrada"))) {
                 e->ignore();
                 return;
             }
@@ -722,10 +701,7 @@ void OrdemServicoEntrada::closeEvent(QCloseEvent* e)
             }
         }
     }
-    if (auto msg = TravaOrdem::aoSairDaTela()) {
-        Dialogos::mensagem(this, *msg);
-        RegistroTelas::abrir(QStringLiteral("Login"));
-    }
+    RecusaTela::aoSairDaTela(this);
     e->accept();
 }
 

@@ -370,8 +370,13 @@ private slots:
         // The password at use brings in the rights of a user who may, and the save goes on.
         sessao().DireitoAltOs = 1;
         sessao().LiberaAltOs = 1;
-        salvarEntrada(b.banco(), naTela, {});
+        // The stale screen's departure date would write over the one set at the till: refused.
+        QVERIFY_THROWS_EXCEPTION(RegistroAlterado, salvarEntrada(b.banco(), naTela, {}));
+        Ordem relidaNaTela = relida(b.banco(), o);
+        relidaNaTela.Observacao = QStringLiteral("mudanca que escapou");
+        salvarEntrada(b.banco(), relidaNaTela, {});
         QCOMPARE(relida(b.banco(), o).Observacao, QString("mudanca que escapou"));
+        QCOMPARE(relida(b.banco(), o).DataSaida, Datas::hoje());
 
         // The bench: an order whose status and values were set needs DireitoAltOrca.
         Ordem orcada = guardada(b.banco(), ordem(QStringLiteral("ORCADA")));
