@@ -27,6 +27,7 @@
 #include "documents/ImprimeDocumento.h"
 #include "orders/CatalogosOrdem.h"
 #include "orders/GravacaoOrdem.h"
+#include "orders/MostraRecusa.h"
 #include "orders/NumeroOrdem.h"
 #include "orders/TransicoesOrdem.h"
 #include "orders/TravaOrdem.h"
@@ -387,22 +388,7 @@ void OrdemServicoEntrada::voltaANavegacao(qint64 chave)
 
 // --- changes and the lock ------------------------------------------------------------------
 
-void OrdemServicoEntrada::mostraRecusa(const Recusa& r)
-{
-    switch (r.seguimento) {
-    case Recusa::Aviso:
-        Dialogos::mensagem(this, r.mensagem, r.titulo, Dialogos::Icone::Aviso);
-        break;
-    case Recusa::Negado:
-        RegistroTelas::abrir(QStringLiteral("Negado"));
-        break;
-    case Recusa::SenhaLiberaAltOs:
-        Dialogos::mensagem(this, r.mensagem, r.titulo, Dialogos::Icone::Aviso);
-        sessao().SenhaOrigem = Recusa::origemLiberacao();
-        RegistroTelas::abrir(QStringLiteral("SenhaPde"));
-        break;
-    }
-}
+void OrdemServicoEntrada::mostraRecusa(const Recusa& r) { MostraRecusa::mostra(this, r); }
 
 bool OrdemServicoEntrada::ordemTravada()
 {
