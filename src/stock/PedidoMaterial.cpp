@@ -50,7 +50,7 @@ const QList<ModeloPesquisa::Coluna>& colunasLista()
 
 QString celula(const QString& coluna, const QVariant& v)
 {
-    if (coluna == QLatin1String("Quantidade") && v.isNull())
+    if (coluna == QLatin1String("Quantidade") && v.toString().isEmpty())
         return QStringLiteral("1");
     if (coluna == QLatin1String("DataPedido"))
         return Datas::bancoParaTela(v.toString());

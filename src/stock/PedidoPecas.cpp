@@ -25,10 +25,13 @@ Condicao doFornecedor(const QString& fornecedor)
 
 qint64 incluir(Banco& banco, const Item& item, const QString& usuario)
 {
+    // The store keeps an empty text, never a missing one.
+    auto t = [](const QString& s) { return s.isNull() ? QStringLiteral("") : s; };
     return banco.inserir(*Esquema::tabela(QStringLiteral("PedidoPeca")),
                          {QStringLiteral("CodVenda"), QStringLiteral("Descricao"), QStringLiteral("Quantidade"),
                           QStringLiteral("DataPedido"), QStringLiteral("Solicitado"), QStringLiteral("Fornecedor")},
-                         {item.CodVenda, item.Descricao, item.Quantidade, Datas::hoje(), usuario, item.Fornecedor});
+                         {t(item.CodVenda), t(item.Descricao), t(item.Quantidade), Datas::hoje(), t(usuario),
+                          t(item.Fornecedor)});
 }
 
 int revisarEstoque(Banco& banco, const QString& usuario)
@@ -191,7 +194,7 @@ void imprimir(Banco& banco, Impressora& p)
             p.newPage();
             cabecaDePagina();
         }
-        if (q.value(0).isNull() || q.value(1).isNull() || q.value(2).isNull()) {
+        if (q.value(0).toString().isEmpty() || q.value(1).toString().isEmpty() || q.value(2).toString().isEmpty()) {
             const int y = p.currentY();
             p.setCurrentX(0);
             p.printLinha(QStringLiteral("***"));
