@@ -27,6 +27,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "BenchEstoque.h"
 #include "Carga.h"
 #include "Manutencao.h"
 #include "Medidor.h"
@@ -411,6 +412,8 @@ int main(int argc, char** argv)
             p.endDoc();
             Q_UNUSED(linhas);
         }
+
+        medeEstoque(*b, m, nTextos);
 
         QTextStream out(stdout);
         out << "Toldex " << TOLDEX_VERSAO << " — " << (c.motor == Motor::SQLite ? "SQLite" : "PostgreSQL") << ", "
