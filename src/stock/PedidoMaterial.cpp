@@ -100,6 +100,7 @@ PedidoMaterial::PedidoMaterial(QWidget* pai) : QWidget(pai)
     const int larguras[] = {0, 110, 60, 330, 180, 130, 90};
     for (int c = 1; c < 7; ++c)
         m_lista->setColumnWidth(c, larguras[c]);
+    m_lista->horizontalHeader()->setSectionResizeMode(3, QHeaderView::Stretch);
     m_lista->setToolTip(QStringLiteral("Clique duas vezes para excluir o item."));
     m_lista->installEventFilter(this);
     raiz->addWidget(m_lista, 1);

@@ -90,10 +90,10 @@ struct ColunaImpressa {
 QList<ColunaImpressa> colunasImpressas(const Impressora& p)
 {
     const QList<QPair<QString, int>> escolhidas = {
-        {"codpeca", 200},          {"Descricao", 1700},         {"Unidade", 6300},
-        {"Fabricante", 6800},      {"Quantidadeestoque", 9400}, {"QuantidadeMinima", 10400},
-        {"PrecoCusto", 11500},     {"PrecoVenda", 12700},       {"PrecoMinimo", 13900},
-        {"ArmazenadoEstoque", 14200},
+        {"codpeca", 200},          {"Descricao", 1500},         {"Unidade", 5700},
+        {"Fabricante", 6200},      {"Quantidadeestoque", 9000}, {"QuantidadeMinima", 10300},
+        {"PrecoCusto", 11600},     {"PrecoVenda", 12800},       {"PrecoMinimo", 14200},
+        {"ArmazenadoEstoque", 14450},
     };
     QList<ColunaImpressa> r;
     for (const auto& [coluna, x] : escolhidas) {
@@ -127,7 +127,7 @@ void imprimir(Banco& banco, const Lista& lista, Impressora& p)
 {
     PaginasBusca paginas(banco, QStringLiteral("Produto"), lista.onde, lista.ordem, nomesColunas());
     const QList<ColunaImpressa> colunas = colunasImpressas(p);
-    const int larguraDescricao = 6300 - 1700 - 100;
+    const int larguraDescricao = 5700 - 1500 - 100;
     QStringList titulos;
     for (const ColunaImpressa& c : colunas)
         titulos << ListaEstoque::colunas().at(c.indice).titulo;

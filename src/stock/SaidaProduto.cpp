@@ -79,7 +79,6 @@ SaidaProduto::SaidaProduto(QWidget* pai) : QWidget(pai)
     m_produto = new QComboBox(this);
     m_produto->setObjectName(QStringLiteral("CProduto"));
     m_produto->setEditable(true);
-    m_produto->setMinimumWidth(360);
     campos->addRow(m_etiqueta, m_busca[0]);
     campos->addRow(QStringLiteral("Produto:"), m_produto);
     campos->addRow(QStringLiteral("Quantidade:"), m_busca[1]);
@@ -93,6 +92,15 @@ SaidaProduto::SaidaProduto(QWidget* pai) : QWidget(pai)
     campos->addRow(QStringLiteral("Cliente:"), m_cliente[0]);
     campos->addRow(QStringLiteral("Aparelho:"), m_cliente[1]);
     campos->addRow(QStringLiteral("Cód. automático:"), m_cliente[2]);
+    // Each box as wide as what it holds, not the whole window.
+    campos->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    const int larguras[] = {160, 80, 120};
+    for (int i = 0; i < 3; ++i)
+        m_busca[i]->setFixedWidth(larguras[i]);
+    m_produto->setFixedWidth(420);
+    m_cliente[0]->setFixedWidth(420);
+    m_cliente[1]->setFixedWidth(260);
+    m_cliente[2]->setFixedWidth(120);
     raiz->addLayout(campos);
 
     m_grade = new QTableWidget(0, 4, this);
@@ -105,7 +113,8 @@ SaidaProduto::SaidaProduto(QWidget* pai) : QWidget(pai)
     m_grade->setColumnWidth(0, 90);
     m_grade->setColumnWidth(1, 110);
     m_grade->setColumnWidth(2, 300);
-    m_grade->horizontalHeader()->setStretchLastSection(true);
+    m_grade->setColumnWidth(3, 70);
+    m_grade->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
     raiz->addWidget(m_grade, 1);
 
     auto* botoes = new QHBoxLayout;
