@@ -238,6 +238,45 @@ private slots:
         QCOMPARE(estoque(), 5000);
     }
 
+    // Two counters remove the same part: the second is told, and the money stays right.
+    void duasEstacoesRemovem_data()
+    {
+        QTest::addColumn<int>("motor");
+        ApoioEstoque::porMotor("second removal finds nothing", [](QTestData&) {});
+    }
+    void duasEstacoesRemovem()
+    {
+        QFETCH(int, motor);
+        if (!preparar(motor))
+            QSKIP(qPrintable(b->motivo()));
+        const qint64 chave = ordem(41, "DUAS");
+        const auto p = SaidaPecas::produto(banco(), "TR1");
+        QVERIFY(p);
+        const qint64 peca = SaidaPecas::entregar(banco(), chave, *p, Quantidade::unidades(1), true);
+        auto outra = b->outraConexao();
+        QVERIFY(SaidaPecas::remover(*outra, chave, peca, true));
+        QVERIFY(!SaidaPecas::remover(banco(), chave, peca, true));
+        QCOMPARE(valor("SELECT ValorPagar FROM OrdemServico WHERE CodOsAut = ?", {chave}), qint64(10000));
+        // The deleted product is not handed out; the live one with the same code is.
+        ApoioEstoque::produto(banco(), "TR2", "APAGADO", 1, 0, {{"Excluidos", -1}});
+        QVERIFY(!SaidaPecas::produto(banco(), "TR2"));
+    }
+
+    // A store from before parts kept their module gets the column when it opens, and the
+    // hand-over that writes it goes through.
+    void lojaAntigaSemModulo()
+    {
+        QVERIFY(preparar(int(Motor::SQLite)));
+        banco().executar("ALTER TABLE PecasAplicadas DROP COLUMN Modulo");
+        banco().garantirEsquema();
+        const qint64 chave = ordem(40, "LOJA ANTIGA");
+        SaidaProduto* t = abre();
+        preenche(t, "TR1", "1", "40");
+        botao(t, 0)->click();
+        QCOMPARE(banco().escalar("SELECT Modulo FROM PecasAplicadas WHERE CodOsAut = ?", {chave}).toString(),
+                 QString("MOD-X"));
+    }
+
     void modosListam_data()
     {
         QTest::addColumn<int>("motor");
