@@ -331,7 +331,8 @@ void SaidaProduto::entrega()
         m_busca[2]->setFocus();
         return;
     }
-    if (!m_ordem && !saiDaOrdem())
+    // The number typed may have changed since the order was shown.
+    if ((!m_ordem || m_busca[2]->text().trimmed() != QString::number(m_ordem->CodOs)) && !saiDaOrdem())
         return;
     if (!m_achado)
         saiDoCodigo();
