@@ -126,15 +126,16 @@ void medeEstoque(Banco& b, QList<Medida>& m, int textos)
         RelatorioEstoque::exportar(b, todos, pasta.filePath(QStringLiteral("Estoque %1.xlsx").arg(++n)), {}, &erro);
         return int(b.escalar("SELECT COUNT(*) FROM Produto WHERE Excluidos = 0").toInt());
     });
-    RegistroTelas::fecharJanela(tela);
+    RegistroTelas::fechar(QStringLiteral("Estoque"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
     m << mede("PedidoMaterial: abrir sobre 100.000 itens", 300, QStringList(qMin(textos, 10), QString()),
               [&](const QString&) {
                   auto* pedido = qobject_cast<PedidoMaterial*>(RegistroTelas::abrir(QStringLiteral("PedidoMaterial")));
                   QApplication::processEvents();
                   const int linhas = pedido ? int(pedido->linhas()) : -1;
-                  if (pedido)
-                      RegistroTelas::fecharJanela(pedido);
+                  RegistroTelas::fechar(QStringLiteral("PedidoMaterial"));
+                  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
                   return linhas;
               });
 }

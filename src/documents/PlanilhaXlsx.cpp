@@ -47,8 +47,9 @@ bool PlanilhaXlsx::abrir(const QString& arquivo, const QString& nomeFolha, QStri
 
 lxw_format* PlanilhaXlsx::formato(const Estilo& e)
 {
-    const QString chave = QStringLiteral("%1%2%3%4").arg(e.numero).arg(e.negrito).arg(e.borda)
-                              .arg(e.fundo.isValid() ? e.fundo.rgb() : 0u);
+    // Asked for once per cell: the key is a number, not a text.
+    const quint64 chave = quint64(e.numero) | quint64(e.negrito) << 1 | quint64(e.borda) << 2
+        | quint64(e.fundo.isValid()) << 3 | quint64(e.fundo.isValid() ? e.fundo.rgb() : 0u) << 4;
     if (lxw_format* f = m_formatos.value(chave))
         return f;
     lxw_format* f = workbook_add_format(m_livro);

@@ -53,7 +53,7 @@ private:
 
     lxw_workbook* m_livro = nullptr;
     lxw_worksheet* m_folha = nullptr;
-    QHash<QString, lxw_format*> m_formatos;
+    QHash<quint64, lxw_format*> m_formatos;
     QString m_arquivo;
     QString m_temporario;
     QByteArray m_temporarioLocal;
