@@ -26,6 +26,7 @@
 #include "stock/ListaEstoque.h"
 #include "stock/RelatorioEstoque.h"
 #include "ui/Dialogos.h"
+#include "ui/GradeBotoes.h"
 #include "ui/ModeloPesquisa.h"
 #include "ui/Pintura.h"
 #include "ui/RegistroTelas.h"
@@ -116,13 +117,8 @@ Estoque::Estoque(QWidget* pai) : QWidget(pai)
     const QStringList legendas = {"&Incluir",         "&Mostrar todos",  "Im&primir",       "&Excel",
                                   "&Buscar",          "&Saída produto",  "&Alterar preço",  "Estoque &zerado",
                                   "Estoque mí&nimo",  "Acima do mínim&o", "Sai&r"};
-    auto* botoes = new QGridLayout;
-    for (int i = 0; i < legendas.size(); ++i) {
-        auto* b = new QPushButton(legendas.at(i), this);
-        b->setObjectName(QStringLiteral("Botao(%1)").arg(i));
-        botoes->addWidget(b, i / 6, i % 6);
-        m_botoes << b;
-    }
+    QGridLayout* botoes = nullptr;
+    m_botoes = GradeBotoes::criar(this, legendas, 6, &botoes);
     raiz->addLayout(botoes);
 
     connect(m_botoes[0], &QPushButton::clicked, this, &Estoque::incluiProduto);

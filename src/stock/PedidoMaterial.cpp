@@ -29,6 +29,7 @@
 #include "stock/PedidoPecas.h"
 #include "ui/Campos.h"
 #include "ui/Dialogos.h"
+#include "ui/GradeBotoes.h"
 #include "ui/ModeloPesquisa.h"
 #include "ui/Pintura.h"
 #include "ui/RegistroTelas.h"
@@ -110,13 +111,8 @@ PedidoMaterial::PedidoMaterial(QWidget* pai) : QWidget(pai)
     const QStringList legendas = {"&Pesquisar produto", "&Filtrar fornecedor", "&Incluir",
                                   "&Revisar estoque",   "&Atualiza lista",     "Enviar &Word",
                                   "Enviar e-&mail",     "Im&primir",           "Sa&ir"};
-    auto* botoes = new QGridLayout;
-    for (int i = 0; i < legendas.size(); ++i) {
-        auto* b = new QPushButton(legendas.at(i), this);
-        b->setObjectName(QStringLiteral("Botao(%1)").arg(i));
-        botoes->addWidget(b, i / 5, i % 5);
-        m_botoes << b;
-    }
+    QGridLayout* botoes = nullptr;
+    m_botoes = GradeBotoes::criar(this, legendas, 5, &botoes);
     raiz->addLayout(botoes);
 
     connect(m_botoes[0], &QPushButton::clicked, this, &PedidoMaterial::pesquisaProduto);

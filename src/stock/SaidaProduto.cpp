@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -17,6 +18,7 @@
 #include "orders/MostraRecusa.h"
 #include "ui/Campos.h"
 #include "ui/Dialogos.h"
+#include "ui/GradeBotoes.h"
 #include "ui/Pintura.h"
 #include "ui/RegistroTelas.h"
 
@@ -117,14 +119,8 @@ SaidaProduto::SaidaProduto(QWidget* pai) : QWidget(pai)
     m_grade->horizontalHeader()->setSectionResizeMode(2, QHeaderView::Stretch);
     raiz->addWidget(m_grade, 1);
 
-    auto* botoes = new QHBoxLayout;
-    const QStringList legendas = {"&Envia", "&Remover", "Sai&r"};
-    for (int i = 0; i < legendas.size(); ++i) {
-        auto* b = new QPushButton(legendas.at(i), this);
-        b->setObjectName(QStringLiteral("Botao(%1)").arg(i));
-        botoes->addWidget(b);
-        m_botoes << b;
-    }
+    QGridLayout* botoes = nullptr;
+    m_botoes = GradeBotoes::criar(this, {"&Envia", "&Remover", "Sai&r"}, 3, &botoes);
     raiz->addLayout(botoes);
 
     connect(m_botoes[0], &QPushButton::clicked, this, &SaidaProduto::executa);

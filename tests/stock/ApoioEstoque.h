@@ -1,11 +1,15 @@
 #pragma once
 // Products put straight into the store for the stock tests, and the engines crossed with
 // each test's own rows.
+#include <QTemporaryDir>
 #include <QTest>
+#include <functional>
 #include <QVariantMap>
 
 #include "apoio/BancoTeste.h"
 #include "data/Banco.h"
+#include "documents/ApoioDocumentos.h"
+#include "ui/Dialogos.h"
 
 namespace ApoioEstoque {
 
@@ -25,6 +29,26 @@ inline qint64 produto(Banco& b, const QString& codigo, const QString& descricao,
         valores << i.value();
     }
     return b.inserir(*Esquema::tabela(QStringLiteral("Produto")), colunas, valores);
+}
+
+// A printout saved as PDF through the screen, the save dialog answered with a file of
+// its own: the file, what the viewer was asked to open, the pages and the text.
+struct Impresso {
+    QString pdf;
+    QStringList abertos;
+    int paginas = 0;
+    QString texto;
+};
+inline Impresso imprimePdf(QStringList& abertos, const QTemporaryDir& pasta, const std::function<void()>& imprime)
+{
+    Impresso r;
+    r.pdf = pasta.filePath(QStringLiteral("impresso.pdf"));
+    Dialogos::Roteiro::responder(r.pdf);
+    imprime();
+    r.abertos = abertos;
+    r.paginas = apoio::paginasPdf(r.pdf);
+    r.texto = apoio::textoPdf(r.pdf);
+    return r;
 }
 
 // One row per engine and case: the case's name after the engine's.

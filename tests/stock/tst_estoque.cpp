@@ -299,12 +299,10 @@ private slots:
                     {{"PrecoVenda", 150 + i}});
         Estoque* t = abre();
         QTemporaryDir pasta;
-        const QString pdf = pasta.filePath("estoque.pdf");
-        Dialogos::Roteiro::responder(pdf);
-        t->imprime(Destino::Tipo::Pdf);
-        QCOMPARE(abertos, QStringList{pdf});
-        const QString texto = apoio::textoPdf(pdf);
-        QCOMPARE(apoio::paginasPdf(pdf), 2);
+        const auto impresso = ApoioEstoque::imprimePdf(abertos, pasta, [t] { t->imprime(Destino::Tipo::Pdf); });
+        QCOMPARE(impresso.abertos, QStringList{impresso.pdf});
+        QCOMPARE(impresso.paginas, 2);
+        const QString& texto = impresso.texto;
         QVERIFY(texto.contains("Página: 1"));
         QVERIFY(texto.contains("Página: 2"));
         QCOMPARE(texto.count("Qtd/Estoque"), 2);

@@ -365,12 +365,10 @@ private slots:
         t->findChild<QComboBox*>("CFornecedor")->setCurrentText("ACME");
         botao(t, 1)->click();  // the filter doesn't narrow the printout
         QTemporaryDir pasta;
-        const QString pdf = pasta.filePath("pedido.pdf");
-        Dialogos::Roteiro::responder(pdf);
-        t->imprime(Destino::Tipo::Pdf);
-        QCOMPARE(abertos, QStringList{pdf});
-        const QString texto = apoio::textoPdf(pdf);
-        QCOMPARE(apoio::paginasPdf(pdf), 2);
+        const auto impresso = ApoioEstoque::imprimePdf(abertos, pasta, [t] { t->imprime(Destino::Tipo::Pdf); });
+        QCOMPARE(impresso.abertos, QStringList{impresso.pdf});
+        QCOMPARE(impresso.paginas, 2);
+        const QString& texto = impresso.texto;
         QVERIFY(texto.contains("Página: 1"));
         QVERIFY(texto.contains("Página: 2"));
         QCOMPARE(texto.count("Solicitado por:"), 1);
