@@ -9,7 +9,8 @@ namespace RelatorioEstoque {
 
 namespace {
 
-constexpr int Bloco = 1000;
+// Rows read at a time: few round trips to a server, little memory.
+constexpr int Bloco = 5000;
 
 QStringList nomesColunas()
 {

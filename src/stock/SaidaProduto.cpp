@@ -347,15 +347,8 @@ void SaidaProduto::entrega()
     }
     if (!temDireito())
         return;
-    try {
-        SaidaPecas::entregar(*m_banco, m_ordem->CodOsAut, *m_achado, *quantidade, ativaSer());
-    } catch (const OrdemRecusada& r) {
-        MostraRecusa::mostra(this, r.recusa());
+    if (!altera([&] { SaidaPecas::entregar(*m_banco, m_ordem->CodOsAut, *m_achado, *quantidade, ativaSer()); }))
         return;
-    } catch (const ErroBanco& e) {
-        Dialogos::mensagem(this, e.textoCompleto(), QStringLiteral("Erro ao gravar formulário,"), Dialogos::Icone::Aviso);
-        return;
-    }
     const QString descricao = m_achado->Descricao;
     if (QWidget* aviso = RegistroTelas::abrir(QStringLiteral("Gravado")))
         aviso->setToolTip(descricao);
@@ -381,22 +374,30 @@ void SaidaProduto::remove()
     if (!Dialogos::pergunta(this, QStringLiteral("Confirma exclusão %1 - %2").arg(m_ordem->CodOs).arg(peca),
                             QStringLiteral("Excluir registro")))
         return;
+    bool removida = false;
+    if (!altera([&] { removida = SaidaPecas::remover(*m_banco, m_ordem->CodOsAut, chave, ativaSer()); }))
+        return;
+    if (removida)
+        Dialogos::mensagem(this,
+                           QStringLiteral("Atenção, você tem que retornar este produto no estoque pelo formulário "
+                                          "de produto alterando a quantidade de estoque"),
+                           QStringLiteral("Removido item da lista"));
+    else
+        Dialogos::mensagem(this, QStringLiteral("Esta peça já foi removida da ordem em outra estação."), TituloSaida);
+    listaOrdem();
+}
+
+bool SaidaProduto::altera(const std::function<void()>& mudanca)
+{
     try {
-        if (!SaidaPecas::remover(*m_banco, m_ordem->CodOsAut, chave, ativaSer()))
-            Dialogos::mensagem(this, QStringLiteral("Esta peça já foi removida da ordem em outra estação."), TituloSaida);
-        else
-            Dialogos::mensagem(this,
-                               QStringLiteral("Atenção, você tem que retornar este produto no estoque pelo formulário "
-                                              "de produto alterando a quantidade de estoque"),
-                               QStringLiteral("Removido item da lista"));
+        mudanca();
+        return true;
     } catch (const OrdemRecusada& r) {
         MostraRecusa::mostra(this, r.recusa());
-        return;
     } catch (const ErroBanco& e) {
         Dialogos::mensagem(this, e.textoCompleto(), QStringLiteral("Erro ao gravar formulário,"), Dialogos::Icone::Aviso);
-        return;
     }
-    listaOrdem();
+    return false;
 }
 
 TOLDEX_REGISTRA_TELA(SaidaProduto)

@@ -1,5 +1,6 @@
 #pragma once
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "stock/SaidaPecas.h"
@@ -38,6 +39,8 @@ private:
     void listaOrdem();
     void entrega();
     void limpaOrdem();
+    // Runs a change of the order; a refusal or a failure of the store is told, and gives false.
+    bool altera(const std::function<void()>& mudanca);
 
     std::unique_ptr<Banco> m_banco;
     int m_modo = Oficina;

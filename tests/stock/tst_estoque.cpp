@@ -241,7 +241,7 @@ private slots:
         QVERIFY(estilos.contains("thin"));
     }
 
-    // Fifty-one rows cross more than one block; a cancel leaves the earlier file as it was
+    // A cancel leaves the earlier file as it was
     // and nothing beside it.
     void exportaCanceladaOuSemPasta()
     {
