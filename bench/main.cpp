@@ -29,6 +29,7 @@
 
 #include "BenchCaixa.h"
 #include "BenchEntrega.h"
+#include "BenchEstoque.h"
 #include "Carga.h"
 #include "Manutencao.h"
 #include "Medidor.h"
@@ -440,6 +441,8 @@ int main(int argc, char** argv)
             p.endDoc();
             Q_UNUSED(linhas);
         }
+
+        medeEstoque(*b, m, nTextos);
 
         QTextStream out(stdout);
         out << "Toldex " << TOLDEX_VERSAO << " — " << (c.motor == Motor::SQLite ? "SQLite" : "PostgreSQL") << ", "

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the default order templates (entry, exit, budget, return) as .odt and .docx.
+"""Writes the default templates (order entry, exit, budget, return; material order) as .odt and .docx.
 
 The shop replaces them with its own in the system's configuration; these are what a new
 installation prints through the template route. Run it after changing the texts below:
@@ -100,6 +100,13 @@ MODELOS = {
         campo("Observação", "@CAMPOOBSERVACAO"), campo("Técnico", "@NOMETECNICO"),
         campo("Atendido por", "@FUNCIONARIO"),
     ] + assinatura("Recebi o aparelho acima sem conserto"),
+    # The material order sent to a supplier: its list fills the table, a row per item.
+    "pedido": CABECA[:3] + [
+        p(("Pedido de Material", True), tipo="titulo"),
+        ("tabela", ["Código", "Quant", "Descrição"]),
+        p(("", False)),
+        p(("@DATALONGAAGORA", False)),
+    ],
 }
 
 def membro(z, nome, dados, compressao=zipfile.ZIP_DEFLATED):

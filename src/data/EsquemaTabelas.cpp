@@ -157,10 +157,10 @@ QList<DefTabela> monta()
     t << tabela("Produto", "CodPecAut",
         "CodPecAut:A codpeca:T:PMX CodEAN13 CodDUN14 Descricao:T:PM Equivalente:T:PM Armazenado "
         "ArmazenadoEstoque Quantidadeestoque:Q QuantidadeMinima:Q QuantidadeEmbalagem:Q "
-        "QuantidadeReservada:Q Fabricante Revendedor NotaFiscal DataCompra PrecoCusto:D PrecoVenda:D "
+        "QuantidadeReservada:Q Fabricante:T:P Revendedor:T:P NotaFiscal:T:P DataCompra PrecoCusto:D PrecoVenda:D "
         "PrecoMinimo:D PorcentagemLucro LucroMinimo ValorComissao AtivaComissao:F Observacao Categoria "
         "Aliquota DescricaoAliquota CodNCM GrupoProduto SubGrupoProduto Unidade FotoImagem KitProduto:F "
-        "Excluidos:F CodOriginal:T:PM Modulo ValorDesconto:D");
+        "Excluidos:F CodOriginal:T:PM Modulo:T:P ValorDesconto:D");
 
     t << tabela("kitVenda", "Chave",
         "CodKit:T:X codpeca Descricao Quantidade:Q ValorVenda:D ValorTotal:D Fornecedor");

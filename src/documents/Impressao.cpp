@@ -43,7 +43,7 @@ public:
     ~FichaNaSessao() { sessao().FichaTipo.clear(); }
 };
 
-bool desenhar(ImprimeFicha& ficha, QPrinter& impressora, QWidget* pai)
+bool desenhar(const Desenho& desenho, QPrinter& impressora, QWidget* pai)
 {
     Impressora p(&impressora);
     if (!p.iniciar()) {
@@ -56,7 +56,7 @@ bool desenhar(ImprimeFicha& ficha, QPrinter& impressora, QWidget* pai)
         return false;
     }
     try {
-        ficha.imprimir(p);
+        desenho(p);
     } catch (const ErroBanco& e) {
         p.endDoc();
         Dialogos::mensagem(pai, QStringLiteral("A impressão foi interrompida.\n") + e.textoCompleto(), TituloErro,
@@ -139,14 +139,20 @@ std::optional<Destino::Tipo> semImpressora(QWidget* pai)
 
 } // namespace
 
-bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& pedidoDestino)
+bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& destino)
 {
     FichaNaSessao naSessao(pedido);
-    auto ficha = carregar(banco, pedido, pedidoDestino.pai);
+    auto ficha = carregar(banco, pedido, destino.pai);
     if (!ficha)
         return false;
+    return imprimirDesenho([&ficha](Impressora& p) { ficha->imprimir(p); }, destino);
+}
+
+bool imprimirDesenho(const Desenho& desenho, const Destino& pedidoDestino, QPageLayout::Orientation orientacao)
+{
     QPrinter impressora(QPrinter::HighResolution);
     prepararPagina(impressora);
+    impressora.setPageOrientation(orientacao);
 
     Destino destino = pedidoDestino;
     if (destino.tipo == Destino::Tipo::Impressora && !destino.escolherImpressora
@@ -173,7 +179,7 @@ bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& pedidoDest
             arquivo += QStringLiteral(".pdf");
         impressora.setOutputFormat(QPrinter::PdfFormat);
         impressora.setOutputFileName(arquivo);
-        if (!desenhar(*ficha, impressora, destino.pai))
+        if (!desenhar(desenho, impressora, destino.pai))
             return false;
         // What the user just saved is what they want to see (and print from the viewer).
         if (escolhidoAgora && !Visualizador::abrir(arquivo))
@@ -189,13 +195,13 @@ bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& pedidoDest
             QTemporaryDir dir;
             impressora.setOutputFormat(QPrinter::PdfFormat);
             impressora.setOutputFileName(dir.filePath(QStringLiteral("visualizar.pdf")));
-            return desenhar(*ficha, impressora, destino.pai);
+            return desenhar(desenho, impressora, destino.pai);
         }
         QPrintPreviewDialog previa(&impressora, destino.pai);
         previa.setWindowTitle(QStringLiteral("Visualizar impressão"));
         bool ok = true;
         QObject::connect(&previa, &QPrintPreviewDialog::paintRequested, &previa,
-                         [&](QPrinter* p) { ok = desenhar(*ficha, *p, destino.pai) && ok; });
+                         [&](QPrinter* p) { ok = desenhar(desenho, *p, destino.pai) && ok; });
         previa.exec();
         return ok;
     }
@@ -208,7 +214,7 @@ bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& pedidoDest
     }
     if (impressora.outputFileName().isEmpty() && !temImpressora(destino.pai))
         return false;
-    return desenhar(*ficha, impressora, destino.pai);
+    return desenhar(desenho, impressora, destino.pai);
 }
 
 bool fichaEntrada(Banco& banco, qint64 codOsAut, int copias, const Destino& destino)

@@ -1,9 +1,12 @@
 #pragma once
+#include <QPageLayout>
 #include <QString>
+#include <functional>
 
 #include "documents/Fichas.h"
 
 class Banco;
+class Impressora;
 class QWidget;
 
 // Where a sheet goes: the printer, a preview on the screen, or a PDF file.
@@ -46,6 +49,12 @@ bool imprimeVisita(Banco& banco, const FichaVisita& visita, QWidget* pai = nullp
 
 // Any sheet.
 bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& destino);
+// Any drawing on the printer object (a list, a report), to the same destinations and with
+// the same messages as the sheets. A database failure while drawing (ErroBanco) ends the
+// document and is told.
+using Desenho = std::function<void(Impressora&)>;
+bool imprimirDesenho(const Desenho& desenho, const Destino& destino,
+                     QPageLayout::Orientation orientacao = QPageLayout::Portrait);
 // "Nenhuma impressora..." when this machine has no printer at all.
 bool temImpressora(QWidget* pai);
 // Where "Salvar PDF" proposes to save a sheet: the user's documents folder.

@@ -8,6 +8,9 @@ namespace Visualizador {
 namespace {
 bool doSistema(const QString& arquivo)
 {
+    // A mail to compose ("mailto:...") goes to the user's mail program as it is.
+    if (arquivo.startsWith(QLatin1String("mailto:"), Qt::CaseInsensitive))
+        return QDesktopServices::openUrl(QUrl(arquivo));
     return QDesktopServices::openUrl(QUrl::fromLocalFile(arquivo));
 }
 

@@ -17,7 +17,7 @@ for f in ./usr/bin/toldex \
          ./usr/share/toldex/Versao.txt \
          ./usr/share/applications/toldex.desktop \
          ./usr/share/icons/hicolor/256x256/apps/toldex.png \
-         ./usr/share/toldex/modelos/{entrada,saida,orcamento,devolucao}.{odt,docx}; do
+         ./usr/share/toldex/modelos/{entrada,saida,orcamento,devolucao,pedido}.{odt,docx}; do
   if ! grep -qxF "$f" "$SAIDA/arquivos"; then
     echo "falta no pacote: $f"; falhou=1
   fi
