@@ -56,4 +56,18 @@ Dinheiro soma(const QList<ItemKit>& itens)
     return s;
 }
 
+std::optional<ItemKit> itemDoProduto(Banco& banco, qint64 codPecAut)
+{
+    QSqlQuery q = banco.executar(QStringLiteral("SELECT codpeca, Descricao, PrecoVenda, Revendedor FROM Produto "
+                                                "WHERE CodPecAut = ?"), {codPecAut});
+    if (!q.next())
+        return std::nullopt;
+    ItemKit i;
+    i.codpeca = q.value(0).toString();
+    i.descricao = q.value(1).toString();
+    i.valorVenda = Dinheiro::deCentavos(q.value(2).toLongLong());
+    i.fornecedor = q.value(3).toString();
+    return i;
+}
+
 }

@@ -1,6 +1,7 @@
 #pragma once
 #include <QList>
 #include <QString>
+#include <optional>
 
 #include "data/Dinheiro.h"
 #include "data/Quantidade.h"
@@ -30,5 +31,7 @@ void gravar(Banco& banco, const QString& codAntigo, const QString& codNovo, cons
 // The items of a code that no product row keeps any longer.
 void excluirSemProduto(Banco& banco, const QString& codKit);
 Dinheiro soma(const QList<ItemKit>& itens);
+// A product as a new item of a kit: one of it at its sale price, with its supplier.
+std::optional<ItemKit> itemDoProduto(Banco& banco, qint64 codPecAut);
 
 }

@@ -53,4 +53,18 @@ QString pedeSeAbaixoDoMinimo(Banco& banco, const QString& codpeca)
     return descricao;
 }
 
+NomesFornecedores nomesFornecedores(Banco& banco)
+{
+    NomesFornecedores n;
+    QSqlQuery q = banco.executar(QStringLiteral("SELECT NomeEmpresa, NomeRevendedor FROM Fornecedor "
+                                                "WHERE Excluidos = 0 ORDER BY NomeEmpresa"));
+    while (q.next()) {
+        if (!q.value(0).toString().isEmpty() && !n.fabricantes.contains(q.value(0).toString()))
+            n.fabricantes << q.value(0).toString();
+        if (!q.value(1).toString().isEmpty() && !n.revendedores.contains(q.value(1).toString()))
+            n.revendedores << q.value(1).toString();
+    }
+    return n;
+}
+
 }

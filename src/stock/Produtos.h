@@ -1,5 +1,6 @@
 #pragma once
 #include <QString>
+#include <QStringList>
 
 #include "data/Quantidade.h"
 
@@ -29,5 +30,13 @@ void somaEstoque(Banco& banco, qint64 codPecAut, Quantidade diferenca);
 // below its minimum, a line "Estoque" is added to the material order. Gives the
 // product's description for the notice, or nothing.
 QString pedeSeAbaixoDoMinimo(Banco& banco, const QString& codpeca);
+
+// The makes and the resellers the register offers: the suppliers' company names and
+// reseller names, each once, in order.
+struct NomesFornecedores {
+    QStringList fabricantes;
+    QStringList revendedores;
+};
+NomesFornecedores nomesFornecedores(Banco& banco);
 
 }
