@@ -553,6 +553,9 @@ void Produto::mostraRegistro(const Recordset& rs)
 
 void Produto::saiDoPreco(int caixaPreco, int caixaMargem)
 {
+    // Passing through a box without typing in it changes nothing.
+    if (!texto(caixaPreco)->isModified())
+        return;
     const auto preco = Dinheiro::lerTexto(texto(caixaPreco)->text());
     if (!preco || texto(caixaPreco)->text().trimmed().isEmpty())
         return;  // the save tells what is wrong; the box keeps what was typed
@@ -566,6 +569,8 @@ void Produto::saiDoPreco(int caixaPreco, int caixaMargem)
 
 void Produto::saiDaMargem(int caixaPreco, int caixaMargem)
 {
+    if (!texto(caixaMargem)->isModified())
+        return;
     const auto margem = Margem::lerPorcentagem(texto(caixaMargem)->text());
     if (!margem)
         return;
