@@ -27,6 +27,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "BenchProduto.h"
 #include "Carga.h"
 #include "Manutencao.h"
 #include "Medidor.h"
@@ -389,6 +390,8 @@ int main(int argc, char** argv)
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             return -1;
         });
+
+        medeProdutos(*b, nTextos, m);
 
         // A pasted link or code with no space to break at, cut into lines of a sheet.
         {
