@@ -88,6 +88,7 @@ AlteraPreco::AlteraPreco(QWidget* pai) : QWidget(pai)
         gs->addWidget(c, i, 1);
         m_listas << c;
     }
+    gs->setColumnStretch(1, 1);
     raiz->addWidget(selecao);
 
     auto* opcoes = new QHBoxLayout;

@@ -25,8 +25,8 @@ QImage ean13(const QString& codigo, QString* erro)
     if (!s)
         return falha(QStringLiteral("Sem memória para o código de barras."));
     s->symbology = BARCODE_EANX;
-    s->scale = 1.0f;
-    s->height = 40;
+    s->scale = 2.0f;  // a bar two pixels wide: read by a scanner from the screen
+    s->height = 22;
     const QByteArray dados = t.toLatin1();
     if (ZBarcode_Encode_and_Buffer(s.get(), reinterpret_cast<const unsigned char*>(dados.constData()),
                                    int(dados.size()), 0) >= ZINT_ERROR)

@@ -49,7 +49,7 @@ PesquisaProduto::PesquisaProduto(QWidget* pai) : TelaPesquisa(pai)
                {QStringLiteral("Descricao"), QStringLiteral("Descrição"), 260},
                {QStringLiteral("Equivalente"), QStringLiteral("Equivalente"), 140},
                {QStringLiteral("PrecoVenda"), QStringLiteral("Venda"), 75},
-               {QStringLiteral("Revendedor"), QStringLiteral("Fornecedor"), 110},
+               {QStringLiteral("Revendedor"), QStringLiteral("Fornecedor"), 150},
                {QStringLiteral("PrecoCusto"), QStringLiteral("Custo"), 75},
                {QStringLiteral("ValorDesconto"), QStringLiteral("Desconto"), 70},
                {QStringLiteral("PrecoMinimo"), QStringLiteral("Mínimo"), 75},

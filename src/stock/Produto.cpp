@@ -484,7 +484,7 @@ void Produto::mostraBarras()
         m_barras->setText(texto(Ean13)->text().trimmed().isEmpty() ? QString() : erro);
         return;
     }
-    m_barras->setPixmap(QPixmap::fromImage(img.scaled(img.width() * 2, img.height(), Qt::IgnoreAspectRatio)));
+    m_barras->setPixmap(QPixmap::fromImage(img));
 }
 
 void Produto::limpaCampos()
