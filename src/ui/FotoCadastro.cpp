@@ -93,6 +93,12 @@ void FotoCadastro::paraPrevia()
     m_video->stop();
 }
 
+void FotoCadastro::retomaPrevia()
+{
+    if (m_camera && m_camera->ligada())
+        m_video->start();
+}
+
 bool FotoCadastro::tiraFoto(const QString& proposto)
 {
     m_video->stop();

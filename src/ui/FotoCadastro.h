@@ -31,6 +31,8 @@ public:
     // Switches the camera on ("Encerra" on the button) or off ("WebCam").
     void alternaCamera(QPushButton* botao);
     void paraPrevia();
+    // Shows the camera's frames again, when it is on.
+    void retomaPrevia();
     // Grabs a frame and saves it where the user says: true when the path changed.
     bool tiraFoto(const QString& proposto);
     QTimer* video() const { return m_video; }
