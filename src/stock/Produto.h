@@ -26,6 +26,10 @@ public:
         LocalEstoque = 21, Ncm = 22, CodOriginal = 23, Modulo = 24, NumCaixas = 25
     };
 
+    // The buttons beyond the register's own two (Botao(i)).
+    enum Botao { Sair = 2, Imagem = 3, PrimeiraAba = 4, BotaoKit = 5, Pesquisa = 6, Grupo = 7, SubGrupo = 8,
+                 Aliquotas = 9, WebCam = 10, Foto = 11, ParaPrevia = 12 };
+
     explicit Produto(QWidget* pai = nullptr);
     ~Produto() override;
 
