@@ -46,7 +46,7 @@ void preenche(Banco& b)
                    {i == Produtos ? CodigoKit : QString::number(i), QStringLiteral("OR-%1").arg(r.bounded(1, 999999)),
                     desc, QStringLiteral("EQ %1").arg(r.bounded(1, 99999)), marca,
                     Categorias[int(r.bounded(Categorias.size()))], custo, custo * 3 / 2, custo * 6 / 5,
-                    qint64(r.bounded(0, 50)) * 1000, qint64(r.bounded(0, 5)) * 1000, i % 50 == 0 ? -1 : 0});
+                    qint64(r.bounded(0, 50)) * 1000, qint64(r.bounded(0, 5)) * 1000, i % 50 == 1 ? -1 : 0});
     }
     QList<ItemKit> itens;
     for (int i = 1; i <= 20; ++i) {
