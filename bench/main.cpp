@@ -30,6 +30,7 @@
 #include "BenchCaixa.h"
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
+#include "BenchProduto.h"
 #include "Carga.h"
 #include "Manutencao.h"
 #include "Medidor.h"
@@ -419,6 +420,8 @@ int main(int argc, char** argv)
         medeEntrega(*b, m);
 
         m << medeCaixa(*b);
+
+        medeProdutos(*b, nTextos, m);
 
         // A pasted link or code with no space to break at, cut into lines of a sheet.
         {

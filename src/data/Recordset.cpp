@@ -260,6 +260,8 @@ QString Recordset::comoFoiLida(QVariantList& valores) const
         const DefColuna* c = m_tabela->coluna(lida.fieldName(i));
         if (!c || c->nome.compare(m_tabela->chave, Qt::CaseInsensitive) == 0)
             continue;  // folded copies follow their column
+        if (m_naoConferir.contains(c->nome, Qt::CaseInsensitive))
+            continue;
         condicoes << c->nome + QStringLiteral(" IS NOT DISTINCT FROM ?");
         valores << lida.value(i);
     }

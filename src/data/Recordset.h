@@ -3,6 +3,7 @@
 #include <QList>
 #include <QSqlRecord>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 
 #include "data/Dinheiro.h"
@@ -71,6 +72,9 @@ public:
     qint64 chaveAtual() const;     // primary key of the current row
 
     const DefTabela* tabela() const { return m_tabela; }
+    // Columns that other stations move by relative updates (a product's stock): they are
+    // left out of the check of a row as it was read, and the screen never writes them whole.
+    void naoConferir(const QStringList& colunas) { m_naoConferir = colunas; }
 
 private:
     int indice(const QString& nome) const;
@@ -92,4 +96,5 @@ private:
     bool m_novo = false;
     QSqlRecord m_edicao;
     QHash<int, bool> m_alterados;
+    QStringList m_naoConferir;
 };

@@ -3,8 +3,8 @@
 #include <QSqlQuery>
 
 #include "data/Banco.h"
-#include "data/Datas.h"
 #include "data/Transacao.h"
+#include "stock/Produtos.h"
 
 namespace EstoqueOrdem {
 
@@ -26,20 +26,6 @@ Quantidade jaBaixada(bool baixa, Quantidade baixada, Quantidade quantidade)
     if (!baixa)
         return {};
     return baixada == Quantidade() ? quantidade : baixada;
-}
-
-bool abaixoDoMinimo(Banco& banco, const QString& codpeca)
-{
-    QSqlQuery q = banco.executar(QStringLiteral("SELECT Quantidadeestoque, QuantidadeMinima FROM Produto "
-                                                "WHERE codpeca = ? ORDER BY CodPecAut LIMIT 1"), {codpeca});
-    return q.next() && q.value(1).toLongLong() > q.value(0).toLongLong();
-}
-
-void pedirReposicao(Banco& banco, const QString& descricao)
-{
-    banco.executar(QStringLiteral("INSERT INTO PedidoPeca (Descricao, Quantidade, DataPedido, Solicitado) "
-                                  "VALUES (?, ?, ?, ?)"),
-                   {descricao, QStringLiteral("1"), Datas::hoje(), QStringLiteral("Estoque")});
 }
 
 QStringList baixar(Banco& banco, qint64 codOsAut, Momento momento)
@@ -71,10 +57,8 @@ QStringList baixar(Banco& banco, qint64 codOsAut, Momento momento)
             banco.executar(QStringLiteral("UPDATE PecasAplicadas SET BaixaEstoque = -1, QuantidadeBaixada = ? "
                                           "WHERE CodPecAut = ?"), {l.quantidade.milesimos(), l.chave});
         }
-        if (abaixoDoMinimo(banco, l.codpeca)) {
-            pedirReposicao(banco, l.descricao);
-            reposicao << l.descricao;
-        }
+        if (const QString falta = Produtos::pedeSeAbaixoDoMinimo(banco, l.codpeca); !falta.isEmpty())
+            reposicao << falta;
     }
     tr.commit();
     return reposicao;

@@ -6,28 +6,24 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QImageReader>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include "data/Banco.h"
-#include "data/Local.h"
 #include "data/Recordset.h"
 #include "data/Sessao.h"
-#include "shell/Camera.h"
 #include "shell/EntradaUsuario.h"
 #include "shell/Usuarios.h"
 #include "ui/Dialogos.h"
+#include "ui/FotoCadastro.h"
 #include "ui/RegistroTelas.h"
 
 namespace {
 constexpr int MaximoSenha = EntradaUsuario::MaximoSenha;
-const QString FiltroImagem = QStringLiteral("Imagem (*.jpg *.jpeg *.bmp *.png)");
 
 // Labels of the rights, by the index of their pair of boxes.
 const char* const Rotulos[] = {"Cliente", "Fornecedor", "Funcionário", "O.S entrada", "O.S saída", "O.S Técnico",
@@ -130,17 +126,8 @@ Funcionario::Funcionario(QWidget* pai) : TelaCadastro(pai)
     connect(anterior, &QPushButton::clicked, this, [this] { irAnterior(); });
     connect(proximo, &QPushButton::clicked, this, [this] { irProximo(); });
     connect(webcam, &QPushButton::clicked, this, &Funcionario::alternaCamera);
-    m_video = new QTimer(this);
-    m_video->setObjectName(QStringLiteral("TVideo"));
-    m_video->setInterval(100);
-    connect(m_video, &QTimer::timeout, this, [this] {
-        if (m_camera && !m_camera->quadro().isNull())
-            m_imagem->setPixmap(QPixmap::fromImage(m_camera->quadro()).scaled(m_imagem->size(), Qt::KeepAspectRatio));
-    });
-    connect(previa, &QPushButton::clicked, this, [this] {
-        if (m_camera && m_camera->ligada())
-            m_video->start();
-    });
+    m_foto = new FotoCadastro(this, m_imagem, m_caminhoImagem, 90);
+    connect(previa, &QPushButton::clicked, m_foto, &FotoCadastro::retomaPrevia);
     connect(captura, &QPushButton::clicked, this, &Funcionario::tiraFoto);
 
     def().tabela = QStringLiteral("Usuario");
@@ -176,11 +163,7 @@ Funcionario::Funcionario(QWidget* pai) : TelaCadastro(pai)
     resize(900, 560);
 }
 
-Funcionario::~Funcionario()
-{
-    if (m_camera)
-        m_camera->desligar();
-}
+Funcionario::~Funcionario() = default;
 
 bool Funcionario::eventFilter(QObject* alvo, QEvent* e)
 {
@@ -302,84 +285,26 @@ void Funcionario::gravaCampos(Recordset& rs)
 
 void Funcionario::mostraImagem(const QString& caminho)
 {
-    QImage img;
-    if (!caminho.isEmpty())
-        img.load(caminho);
-    if (img.isNull())
-        m_imagem->clear();
-    else
-        m_imagem->setPixmap(QPixmap::fromImage(img).scaled(m_imagem->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
-}
-
-QString Funcionario::pastaImagens() const
-{
-    QString p = sessao().CfgPastaImagem;
-    p.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    return QDir::isAbsolutePath(p) ? p : QDir(Local::pastaPrograma()).filePath(p);
+    m_foto->mostra(caminho);
 }
 
 void Funcionario::escolheImagem()
 {
     if (!m_texto[0]->isEnabled())
         return;
-    const auto arquivo = Dialogos::abrirArquivo(this, QStringLiteral("Imagem"), pastaImagens(), FiltroImagem);
-    if (!arquivo || arquivo->isEmpty())
-        return;
-    QImageReader leitor(*arquivo);
-    const QImage img = leitor.read();
-    if (img.isNull()) {
-        Dialogos::mensagem(this, QStringLiteral("O arquivo escolhido não é uma imagem:\n%1").arg(*arquivo),
-                           QStringLiteral("Imagem"), Dialogos::Icone::Aviso);
-        return;
-    }
-    m_caminhoImagem->setText(*arquivo);
-    mostraImagem(*arquivo);
-    marcaAlterado();
+    if (m_foto->escolheArquivo(FotoCadastro::pasta()))
+        marcaAlterado();
 }
 
 void Funcionario::alternaCamera()
 {
-    QPushButton* b = botao(5);
-    if (b->text() == QLatin1String("Encerra")) {
-        m_video->stop();
-        if (m_camera)
-            m_camera->desligar();
-        b->setText(QStringLiteral("WebCam"));
-        return;
-    }
-    if (!m_camera)
-        m_camera = Camera::criar();
-    if (!m_camera->disponivel() || !m_camera->ligar()) {
-        Dialogos::mensagem(this, QStringLiteral("Nenhuma câmera foi encontrada neste computador."),
-                           QStringLiteral("WebCam"), Dialogos::Icone::Aviso);
-        return;
-    }
-    m_video->start();
-    b->setText(QStringLiteral("Encerra"));
+    m_foto->alternaCamera(botao(5));
 }
 
 void Funcionario::tiraFoto()
 {
-    m_video->stop();
-    if (!m_camera || !m_camera->ligada() || m_camera->quadro().isNull()) {
-        Dialogos::mensagem(this, QStringLiteral("Ligue a câmera antes de tirar a foto."), QStringLiteral("WebCam"),
-                           Dialogos::Icone::Aviso);
-        return;
-    }
-    const QImage img = m_camera->quadro();
-    m_imagem->setPixmap(QPixmap::fromImage(img).scaled(m_imagem->size(), Qt::KeepAspectRatio));
-    const QString proposto = QDir(pastaImagens()).filePath(m_codigo->text() + m_texto[0]->text() + QStringLiteral(".Jpg"));
-    const auto arquivo = Dialogos::salvarArquivo(this, QStringLiteral("Salvar imagem"), proposto, FiltroImagem);
-    if (!arquivo || arquivo->isEmpty())
-        return;
-    QDir().mkpath(QFileInfo(*arquivo).absolutePath());
-    if (!img.save(*arquivo, "JPG", 90)) {
-        Dialogos::mensagem(this, QStringLiteral("Não foi possível salvar a imagem em\n%1").arg(*arquivo),
-                           QStringLiteral("Imagem"), Dialogos::Icone::Critico);
-        return;
-    }
-    m_caminhoImagem->setText(*arquivo);
-    marcaAlterado();
+    if (m_foto->tiraFoto(QDir(FotoCadastro::pasta()).filePath(m_codigo->text() + m_texto[0]->text() + QStringLiteral(".Jpg"))))
+        marcaAlterado();
 }
 
 TOLDEX_REGISTRA_TELA(Funcionario)

@@ -4,12 +4,11 @@
 
 #include "ui/TelaCadastro.h"
 
-class Camera;
+class FotoCadastro;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
-class QTimer;
 
 // The users of the system with their passwords, rights and pictures.
 class Funcionario : public TelaCadastro {
@@ -37,7 +36,6 @@ protected:
 private:
     void conferenciaSenha();
     void mostraImagem(const QString& caminho);
-    QString pastaImagens() const;
 
     QList<QLineEdit*> m_texto;   // Text1(0..7); Text1(8) is the multi-line m_obs
     QPlainTextEdit* m_obs = nullptr;
@@ -45,6 +43,5 @@ private:
     QLabel* m_imagem = nullptr;
     QLabel* m_codigo = nullptr;
     QList<QCheckBox*> m_ler, m_alterar, m_sistema;
-    std::unique_ptr<Camera> m_camera;
-    QTimer* m_video = nullptr;
+    FotoCadastro* m_foto = nullptr;
 };

@@ -100,6 +100,7 @@ bool TelaCadastro::iniciar()
     if (!m_banco)
         return false;
     m_rs = std::make_unique<Recordset>(*m_banco);
+    m_rs->naoConferir(m_def.colunasMovidasFora);
     try {
         recontar();
         movePrimeiro();
@@ -589,6 +590,7 @@ void TelaCadastro::excluir()
         if (fisica) {
             const QVariant cod = m_rs->valor(colunaOrdem());
             m_rs->deleteAtual();
+            excluiDependentes(true);
             tr.commit();
             recontar();
             // The row before the deleted one, or the one after when it was the first.
@@ -604,6 +606,7 @@ void TelaCadastro::excluir()
             if (!m_def.colunaCarimbo.isEmpty())
                 m_rs->definir(m_def.colunaCarimbo, sessao().UsuarioNome);
             m_rs->update();
+            excluiDependentes(false);
             tr.commit();
             m_carregando = true;
             limpaCampos();

@@ -52,6 +52,7 @@ struct DefCadastro {
     QStringList colunasBuscaViva;       // code and name, searched in their middle
     // The search box's own condition, for a table whose searched code is a plain number.
     std::function<Condicao(Banco&, const QString&)> condicaoBuscaViva;
+    QStringList colunasMovidasFora;     // moved by difference elsewhere: not checked as read
     QString dicaSalvar = QStringLiteral("Salva o cadastro");
     QString dicaCancelar = QStringLiteral("Cancela a inclusão ou alteração do registro");
 };
@@ -134,6 +135,9 @@ protected:
     // reason for refusing, shown once the transaction has been rolled back; empty goes on.
     virtual QString impedimentoAoGravar() { return {}; }
     virtual QString impedimentoAoExcluir() { return {}; }
+    // Rows of other tables that go with the one deleted, inside the same transaction
+    // (`fisica`: for good, not into the bin).
+    virtual void excluiDependentes(bool /*fisica*/) {}
     // Copies the fields to the row being written; the default writes every field of
     // campos() by its type.
     virtual void gravaCampos(Recordset& rs);
