@@ -15,6 +15,7 @@
 #include "data/Conexoes.h"
 #include "data/ErroBanco.h"
 #include "data/Sessao.h"
+#include "orders/RecusaOrdem.h"
 #include "orders/RecusaTela.h"
 #include "ui/Campos.h"
 #include "ui/Dialogos.h"
