@@ -57,7 +57,7 @@ QStringList baixar(Banco& banco, qint64 codOsAut, Momento momento)
             banco.executar(QStringLiteral("UPDATE PecasAplicadas SET BaixaEstoque = -1, QuantidadeBaixada = ? "
                                           "WHERE CodPecAut = ?"), {l.quantidade.milesimos(), l.chave});
         }
-        if (const QString falta = Produtos::pedeSeAbaixoDoMinimo(banco, l.codpeca); !falta.isEmpty())
+        if (const QString falta = Produtos::pedeSeAbaixoDoMinimo(banco, l.codpeca, l.descricao); !falta.isEmpty())
             reposicao << falta;
     }
     tr.commit();

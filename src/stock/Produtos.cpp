@@ -39,14 +39,14 @@ void somaEstoque(Banco& banco, qint64 codPecAut, Quantidade diferenca)
                    {diferenca.milesimos(), codPecAut});
 }
 
-QString pedeSeAbaixoDoMinimo(Banco& banco, const QString& codpeca)
+QString pedeSeAbaixoDoMinimo(Banco& banco, const QString& codpeca, const QString& descricaoDaPeca)
 {
     QSqlQuery q = banco.executar(QStringLiteral("SELECT Quantidadeestoque, QuantidadeMinima, Descricao FROM Produto "
                                                 "WHERE codpeca = ? AND Excluidos = 0 ORDER BY CodPecAut LIMIT 1"),
                                  {codpeca});
     if (!q.next() || q.value(1).toLongLong() <= q.value(0).toLongLong())
         return {};
-    const QString descricao = q.value(2).toString();
+    const QString descricao = descricaoDaPeca.isEmpty() ? q.value(2).toString() : descricaoDaPeca;
     banco.executar(QStringLiteral("INSERT INTO PedidoPeca (CodVenda, Descricao, Quantidade, DataPedido, Solicitado) "
                                   "VALUES (?, ?, ?, ?, ?)"),
                    {codpeca, descricao, QStringLiteral("1"), Datas::hoje(), QStringLiteral("Estoque")});

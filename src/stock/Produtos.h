@@ -27,9 +27,10 @@ inline const QString MensagemCodigoEmUso = QStringLiteral("Já existe produto co
 void somaEstoque(Banco& banco, qint64 codPecAut, Quantidade diferenca);
 
 // After a product's stock went down: when the live product of that exact code stands
-// below its minimum, a line "Estoque" is added to the material order. Gives the
-// product's description for the notice, or nothing.
-QString pedeSeAbaixoDoMinimo(Banco& banco, const QString& codpeca);
+// below its minimum, a line "Estoque" is added to the material order. The line and the
+// notice carry the part's own description when one is given (an order's part row),
+// the product's otherwise. Gives that description, or nothing.
+QString pedeSeAbaixoDoMinimo(Banco& banco, const QString& codpeca, const QString& descricaoDaPeca = {});
 
 // The makes and the resellers the register offers: the suppliers' company names and
 // reseller names, each once, in order.
