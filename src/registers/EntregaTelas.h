@@ -33,6 +33,15 @@ class QWidget;
 //       "NomeCliente", "CnpjCpf" (digits), "CodOs", "CodOsAut", "Pagamento" (the plan's
 //       text, "30/60 DIAS"), "ValorCentavos" (qlonglong: total less discount less what
 //       was paid in cash), "Data" (QDate of the payment).
+//   Q_INVOKABLE void abreVisita(const QVariantMap& dados);
+//       the house-call screen shows exactly one visit: key "CodManu" (qlonglong).
+//   Q_INVOKABLE void atualizaPainel(const QVariantMap& dados);
+//       the pending panel reads its counts and its open list again now (no keys); the
+//       bench, delivery and the till call it after a save that changed a situation.
+//
+// The searches and the panel open the intake on an order with mostraOrdem, the bench,
+// delivery, the till and the whole-order screen with abreOrdem, a visit with abreVisita.
+// "Incluir novo pedido de Visita" opens "OrdemVisita" and clicks its child "Botao(0)".
 //
 // A screen that isn't registered (not in this build) can't be asked: callers disable the
 // control that would open it.
@@ -44,6 +53,8 @@ inline const QString AbreOrdem = QStringLiteral("abreOrdem");
 inline const QString DefineDestino = QStringLiteral("defineDestino");
 inline const QString RecebeProduto = QStringLiteral("recebeProduto");
 inline const QString RecebePagamento = QStringLiteral("recebePagamento");
+inline const QString AbreVisita = QStringLiteral("abreVisita");
+inline const QString AtualizaPainel = QStringLiteral("atualizaPainel");
 
 bool disponivel(const QString& tela);
 // Opens the screen and calls its method with the data; the opened screen, or nullptr
