@@ -4,6 +4,7 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 
+#include "cash/FormasPagamento.h"
 #include "data/Banco.h"
 #include "data/Datas.h"
 #include "data/FuncoesMascaras.h"
@@ -125,20 +126,15 @@ const QStringList& planos()
 
 std::optional<QList<Parcela>> plano(const QString& nome, Dinheiro total, const QDate& inicio)
 {
-    const int indice = planos().indexOf(nome);
-    if (indice < 0)
+    // The cheque plans are the till's cheque forms: one split, one calendar for both.
+    const FormasPagamento::Forma* forma = planos().contains(nome) ? FormasPagamento::porTexto(nome) : nullptr;
+    if (!forma)
         return std::nullopt;
-    if (indice == 0)
+    if (forma->parcelas <= 0)
         return QList<Parcela>{Parcela{}};
-    if (indice == 1)
-        return QList<Parcela>{Parcela{total, inicio.addDays(15)}};
-    const int n = indice - 1;  // 30, 30/60, 30/60/90, 30/60/90/120
     QList<Parcela> r;
-    QDate data = inicio;
-    for (const Dinheiro& v : Dinheiro::divideEmParcelas(total, n)) {
-        data = data.addMonths(1);
-        r << Parcela{v, data};
-    }
+    for (const FormasPagamento::Parcela& p : FormasPagamento::plano(*forma, total, inicio))
+        r << Parcela{p.valor, p.vencimento};
     return r;
 }
 
