@@ -104,7 +104,7 @@ BuscaRapida::BuscaRapida(QWidget* pai) : QWidget(pai)
             [this](const QString& msg) { Dialogos::erro(this, QStringLiteral("Erro ao pesquisar,"), msg); });
     raiz->addWidget(m_grade, 1);
     mostraGrade(false);
-    resize(740, 420);
+    resize(790, 440);
     Pintura::pinta(this);
     m_banco = Conexoes::nova();
 }

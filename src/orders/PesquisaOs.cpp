@@ -80,7 +80,7 @@ PesquisaOs::PesquisaOs(QWidget* pai) : TelaPesquisa(pai)
     if (auto* grade = findChild<QTableView*>(QStringLiteral("Grade")))
         connect(grade->model(), &QAbstractItemModel::modelReset, grade,
                 [grade] { grade->setVisible(grade->model()->rowCount() > 0); });
-    resize(1000, 480);
+    resize(1180, 520);
     m_visita = true;  // forces the first shaping
     aplicaModo();
 }
