@@ -92,7 +92,10 @@ QList<DefTabela> monta()
         "Orcamento:F AguardaPeca:F Devolver:F Aprovado:F Recusado:F Contato:F Garantia:F Fabrica:F "
         "ChamadoTecnico:F OrdemBloqueada:F Saida:F DtEntrega:F OsAlterado Excluidos:F "
         // What the till has already posted of the order, so a reopened order posts only what is new.
-        "Lancada:F ValorLancado:D MaoObraLancada:D");
+        "Lancada:F ValorLancado:D MaoObraLancada:D",
+        // The order search counts the live orders of a common beginning ("TV", a brand, a first
+        // name, "LOJA") for its caption: with the flag beside the text the index alone answers.
+        {{"NomeCliente_b", "Excluidos"}, {"Tipo_b", "Excluidos"}, {"Marca_b", "Excluidos"}, {"Revendedor_b", "Excluidos"}});
 
     t << tabela("SintomaOS", "Chave", "CodOs:I:X CodOsAut:I:X NomeOS CodDef DefeitoOS");
     t << tabela("ServicoOS", "Chave",

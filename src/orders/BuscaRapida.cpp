@@ -17,7 +17,6 @@
 #include "data/PaginasBusca.h"
 #include "data/Sessao.h"
 #include "orders/PesquisaOs.h"
-#include "shell/Acoes.h"
 #include "ui/Campos.h"
 #include "ui/Dialogos.h"
 #include "ui/ModeloPesquisa.h"
@@ -178,8 +177,10 @@ void BuscaRapida::escolhe(int linha)
 
 void BuscaRapida::cliqueMais()
 {
-    if (podeLer())
-        Acoes::abrirTela(QStringLiteral("PesquisaOs"), QStringLiteral("Saida"));
+    if (!podeLer())
+        return;
+    if (auto* pesquisa = qobject_cast<PesquisaOs*>(RegistroTelas::abrir(QStringLiteral("PesquisaOs"))))
+        pesquisa->abrirNoModo(QStringLiteral("Saida"));
 }
 
 bool BuscaRapida::eventFilter(QObject* alvo, QEvent* e)
