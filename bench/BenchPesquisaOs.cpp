@@ -55,8 +55,7 @@ QStringList textos(Banco& b, const QString& tabela, const QString& coluna, int n
     const qint64 max = b.escalar(QStringLiteral("SELECT MAX(%1) FROM %2").arg(t->chave, tabela)).toLongLong();
     QStringList r;
     for (int k = 1; r.size() < n && k <= n * 40; ++k) {
-        const qint64 passos = qint64(n) * 40;
-        const qint64 chave = 1 + max * ((k * 7919) % passos) / passos;
+        const qint64 chave = 1 + (qint64(k) * 2654435761LL) % max;  // spread, and not in step with any % n
         const QString v = b.escalar(QStringLiteral("SELECT %1 FROM %2 WHERE %3 >= ? ORDER BY %3 LIMIT 1")
                                         .arg(coluna, tabela, t->chave),
                                     {chave})
@@ -166,7 +165,18 @@ void medePesquisaOs(Banco& b, int nTextos, QList<Medida>& m)
     }
     // The telephone first; the mobile only when no telephone holds the digits.
     const Criterio tel = BuscaOrdens::criterioRapida(Rapida::Telefone);
-    m << mede(QStringLiteral("Busca rápida: telefone/celular no meio: contagem e 100 primeiras"), 20, telefone,
-              [&](const QString& t) { return busca(b, BuscaOrdens::telefoneOuCelular(b, t), ColunasOrdens, t); },
-              [&](const QString& t) { return cru(b, tel, ColunasOrdens, t); });
+    const Criterio cel = BuscaOrdens::criterioRapida(Rapida::Celular);
+    const QStringList celular = textos(b, "OrdemServico", "Celular", nTextos, [](const QString& v) { return v.right(8); });
+    m << mede(QStringLiteral("Busca rápida: telefone, senão celular, no meio: contagem e 100 primeiras"), 20,
+              telefone + celular,
+              [&](const QString& t) {
+                  PaginasBusca pg(b, tel.tabela, BuscaOrdens::condicao(b, tel, t), tel.ordem, ColunasOrdens);
+                  if (pg.contar() > 0)
+                      return int(pg.proximas(Primeiras).size());
+                  return busca(b, cel, ColunasOrdens, t);
+              },
+              [&](const QString& t) {
+                  const int n = cru(b, tel, ColunasOrdens, t);
+                  return n > 0 ? n : cru(b, cel, ColunasOrdens, t);
+              });
 }

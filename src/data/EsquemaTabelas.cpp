@@ -94,8 +94,11 @@ QList<DefTabela> monta()
         // What the till has already posted of the order, so a reopened order posts only what is new.
         "Lancada:F ValorLancado:D MaoObraLancada:D",
         // The order search counts the live orders of a common beginning ("TV", a brand, a first
-        // name, "LOJA") for its caption: with the flag beside the text the index alone answers.
-        {{"NomeCliente_b", "Excluidos"}, {"Tipo_b", "Excluidos"}, {"Marca_b", "Excluidos"}, {"Revendedor_b", "Excluidos"}});
+        // name, "LOJA") for its caption and shows the first ones in order: with the flag and the
+        // key beside the text, PostgreSQL answers both from the index alone.
+        {{"NomeCliente_b", "Excluidos", "CodOsAut"}, {"Tipo_b", "Excluidos", "CodOsAut"},
+         {"Marca_b", "Excluidos", "CodOsAut"}, {"Modelo_b", "Excluidos", "CodOsAut"},
+         {"Revendedor_b", "Excluidos", "CodOsAut"}});
 
     t << tabela("SintomaOS", "Chave", "CodOs:I:X CodOsAut:I:X NomeOS CodDef DefeitoOS");
     t << tabela("ServicoOS", "Chave",

@@ -73,6 +73,7 @@ Criterio criterioRapida(Rapida caixa)
     case Rapida::Nome: return porComeco(Ordens, QStringLiteral("NomeCliente"));
     case Rapida::Telefone: return noMeio(Ordens, QStringLiteral("Telefone"), QStringLiteral("CodOs"));
     case Rapida::Documento: return noMeio(Ordens, QStringLiteral("CpfCnpj"), QStringLiteral("CodOs"));
+    case Rapida::Celular: return noMeio(Ordens, QStringLiteral("Celular"), QStringLiteral("CodOs"));
     }
     return {};
 }
@@ -85,18 +86,6 @@ Condicao condicao(Banco& banco, const Criterio& criterio, const QString& texto)
     if (casa.sql.isEmpty())
         return {QStringLiteral("1 = 0")};  // only a mask typed: no row, rather than every row
     return casa.e(Busca::soVivos());
-}
-
-Criterio telefoneOuCelular(Banco& banco, const QString& texto)
-{
-    const Criterio telefone = criterioRapida(Rapida::Telefone);
-    const Condicao c = condicao(banco, telefone, texto);
-    const bool achou = banco.escalar(QStringLiteral("SELECT COUNT(*) FROM (SELECT 1 FROM %1 WHERE %2 LIMIT 1) t")
-                                         .arg(telefone.tabela, c.paraContar().sql),
-                                     c.paraContar().valores)
-                           .toInt()
-        > 0;
-    return achou ? telefone : noMeio(Ordens, QStringLiteral("Celular"), QStringLiteral("CodOs"));
 }
 
 Destino destino(Modo modo, bool abreCompleta, const QVariantMap& linha)

@@ -30,18 +30,15 @@ constexpr int CaixasPesquisa = 8;
 Criterio criterioPesquisa(int caixa, Modo modo);
 bool caixaDaVisita(int caixa);
 
-// The quick search's four boxes: number, name, telephone, document.
-enum class Rapida { Numero = 0, Nome, Telefone, Documento };
+// The quick search's four boxes: number, name, telephone, document; and the mobile number,
+// searched with the telephone box's text when no live order has it as its telephone.
+enum class Rapida { Numero = 0, Nome, Telefone, Documento, Celular };
 Criterio criterioRapida(Rapida caixa);
 
 // Live rows of the criterion's table whose column begins with (or holds) the text, case
 // and accents ignored. Telephones and documents are stored as digits: the mask's
 // characters typed with them are dropped; a mask alone finds nothing.
 Condicao condicao(Banco& banco, const Criterio& criterio, const QString& texto);
-
-// The quick search's telephone: the orders whose telephone holds the text, or, when no
-// live order has it there, those whose mobile number does.
-Criterio telefoneOuCelular(Banco& banco, const QString& texto);
 
 // The screen that takes a chosen row, the method it is called with and its data. With
 // CfgOSAbreCompleta on, the counter's choices (intake and delivery) go to the whole-order

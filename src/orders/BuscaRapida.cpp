@@ -131,14 +131,18 @@ void BuscaRapida::busca(Rapida caixa)
     }
     QApplication::setOverrideCursor(Qt::WaitCursor);
     try {
-        const BuscaOrdens::Criterio criterio =
-            caixa == Rapida::Telefone ? BuscaOrdens::telefoneOuCelular(*m_banco, texto) : BuscaOrdens::criterioRapida(caixa);
         QStringList colunas;
         for (const auto& c : Colunas)
             colunas << c.coluna;
-        m_modelo->abrir(std::make_unique<PaginasBusca>(*m_banco, criterio.tabela,
-                                                       BuscaOrdens::condicao(*m_banco, criterio, texto), criterio.ordem,
-                                                       colunas));
+        auto abre = [&](Rapida qual) {
+            const BuscaOrdens::Criterio c = BuscaOrdens::criterioRapida(qual);
+            m_modelo->abrir(std::make_unique<PaginasBusca>(*m_banco, c.tabela, BuscaOrdens::condicao(*m_banco, c, texto),
+                                                           c.ordem, colunas));
+        };
+        abre(caixa);
+        // A number the customer gave as "the telephone" may be kept as the mobile.
+        if (caixa == Rapida::Telefone && m_modelo->total() == 0)
+            abre(Rapida::Celular);
     } catch (const ErroBanco& e) {
         QApplication::restoreOverrideCursor();
         mostraGrade(false);
