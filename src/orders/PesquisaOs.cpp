@@ -81,7 +81,7 @@ PesquisaOs::PesquisaOs(QWidget* pai) : TelaPesquisa(pai)
         connect(grade->model(), &QAbstractItemModel::modelReset, grade,
                 [grade] { grade->setVisible(grade->model()->rowCount() > 0); });
     resize(1180, 520);
-    m_visita = true;  // forces the first shaping
+    m_visita = modo() != Modo::Visita;  // the opposite of what is wanted, so the first shaping happens
     aplicaModo();
 }
 

@@ -341,7 +341,11 @@ private slots:
     {
         QFETCH(int, motor);
         PREPARA(motor);
-        PesquisaOs* t = abrePesquisa("ListaVisita");
+        // The flags are the session's: a search opened while they name house calls is one.
+        sessao().ListaEntrada = sessao().ListaSaida = sessao().ListaTecnico = 0;
+        sessao().ListaVisita = 1;
+        auto* t = qobject_cast<PesquisaOs*>(RegistroTelas::abrir("PesquisaOs"));
+        QVERIFY(t);
         QCOMPARE(t->windowTitle(), QString("Pesquisa O.S de Visita"));
         for (int i = 0; i < 8; ++i)
             QCOMPARE(t->findChild<QRadioButton*>(QString("Option1(%1)").arg(i))->isHidden(), !(i == 0 || i == 1 || i == 6));
