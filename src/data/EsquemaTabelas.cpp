@@ -92,7 +92,13 @@ QList<DefTabela> monta()
         "Orcamento:F AguardaPeca:F Devolver:F Aprovado:F Recusado:F Contato:F Garantia:F Fabrica:F "
         "ChamadoTecnico:F OrdemBloqueada:F Saida:F DtEntrega:F OsAlterado Excluidos:F "
         // What the till has already posted of the order, so a reopened order posts only what is new.
-        "Lancada:F ValorLancado:D MaoObraLancada:D");
+        "Lancada:F ValorLancado:D MaoObraLancada:D",
+        // The order search counts the live orders of a common beginning ("TV", a brand, a first
+        // name, "LOJA") for its caption and shows the first ones in order: with the flag and the
+        // key beside the text, PostgreSQL answers both from the index alone.
+        {{"NomeCliente_b", "Excluidos", "CodOsAut"}, {"Tipo_b", "Excluidos", "CodOsAut"},
+         {"Marca_b", "Excluidos", "CodOsAut"}, {"Modelo_b", "Excluidos", "CodOsAut"},
+         {"Revendedor_b", "Excluidos", "CodOsAut"}});
 
     t << tabela("SintomaOS", "Chave", "CodOs:I:X CodOsAut:I:X NomeOS CodDef DefeitoOS");
     t << tabela("ServicoOS", "Chave",

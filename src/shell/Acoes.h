@@ -33,7 +33,7 @@ struct Acao {
 // on the screen and, when the screen declares it, calls its slot or invokable
 // `abrirNoModo(QString)`. The modes in use:
 //   Cliente, Fornecedor, Produto, RegCheque: "Novo" (insert state)
-//   PesquisaOs: "Entrada", "Saida", "Tecnico"
+//   PesquisaOs: "Entrada", "Saida", "Tecnico", "ListaVisita" (house calls)
 //   PesquisaCliente: "EntradaOs" (a new order starts from the customer search, with the
 //   name option chosen)
 inline const char* PropriedadeModo = "modoAbertura";

@@ -90,7 +90,7 @@ const QList<MenuLateral::Grupo>& MenuLateral::grupos()
           tela("O.S Entrada", "DireitoOsEntLe", "PesquisaOs", "Entrada"),
           tela("O.S Saída", "DireitoOsSaiLe", "PesquisaOs", "Saida"),
           tela("O.S Técnico", "DireitoOsTecLe", "PesquisaOs", "Tecnico"),
-          tela("O.S Visita", "DireitoOsTecLe", "PesquisaOs", "Tecnico")}},
+          tela("O.S Visita", "DireitoOsTecLe", "PesquisaOs", "ListaVisita")}},
         {QStringLiteral("Produto"),
          {tela("Novo cadastro", "DireitoProdutoAl", "Produto", "Novo"),
           tela("Pesquisa", "DireitoProdutoLe", "PesquisaProduto"),

@@ -81,20 +81,28 @@ bool TelaPesquisa::iniciar()
         m_topo->addWidget(t);
         m_textos << t;
     }
+    redefineGrade(m_grade);
+    escolheOpcao(0);
+    setWindowTitle(m_titulo);
+    Pintura::pinta(this);
+    m_banco = Conexoes::nova();
+    return m_banco != nullptr;
+}
+
+void TelaPesquisa::redefineGrade(const QList<ColunaGrade>& grade)
+{
+    m_grade = grade;
     QList<ModeloPesquisa::Coluna> colunas;
     for (const ColunaGrade& c : std::as_const(m_grade))
         colunas << ModeloPesquisa::Coluna{c.coluna, c.titulo};
+    m_gradeW->clearSpans();
+    m_modelo->limpar();  // no rows read for the former columns stay behind
     m_modelo->defineColunas(colunas, [this](const QString& coluna, const QVariant& v) { return textoCelula(coluna, v); });
     for (int c = 0; c < m_grade.size(); ++c) {
         m_gradeW->setColumnWidth(c, m_grade[c].largura);
         m_gradeW->setColumnHidden(c, m_grade[c].largura <= 0);
     }
     limpaGrade();
-    escolheOpcao(0);
-    setWindowTitle(m_titulo);
-    Pintura::pinta(this);
-    m_banco = Conexoes::nova();
-    return m_banco != nullptr;
 }
 
 void TelaPesquisa::limpaGrade()
@@ -139,7 +147,8 @@ void TelaPesquisa::pesquisa()
     const Opcao& op = m_opcoes[m_opcao];
     QApplication::setOverrideCursor(Qt::WaitCursor);
     try {
-        mostraConsulta(condicaoBusca(op, texto), m_ordem.isEmpty() ? op.coluna : m_ordem);
+        const Condicao onde = condicaoBusca(op, texto);
+        mostraConsulta(onde, m_ordem.isEmpty() ? op.coluna : m_ordem);
     } catch (const ErroBanco& e) {
         QApplication::restoreOverrideCursor();
         Dialogos::erro(this, QStringLiteral("Erro ao pesquisar,"), e.textoCompleto());

@@ -64,13 +64,15 @@ protected:
     QString m_tituloContagem;   // the caption's head when rows were found; empty: m_titulo
     QString m_colunaCodigo;
     QString m_colunaNome;
-    QString m_ordem;            // ORDER BY of the results
+    QString m_ordem;            // ORDER BY of the results (condicaoBusca may set it per option)
     QList<Opcao> m_opcoes;
     QList<ColunaGrade> m_grade;
     QStringList m_ordemChamadores;
     bool iniciar();
     // Lists every row of the table in m_ordem (a search with no options lists on load).
     void listaTodos();
+    // A screen whose mode changes what it searches shows another grid (after iniciar()).
+    void redefineGrade(const QList<ColunaGrade>& grade);
     QVBoxLayout* layoutTopo() const { return m_topo; }
     Banco* banco() const { return m_banco.get(); }
     // The rows of an option's search: by default the option's column among live rows.
