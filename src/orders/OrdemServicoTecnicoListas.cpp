@@ -103,6 +103,8 @@ QWidget* OrdemServicoTecnico::montaListas()
     for (QLineEdit* e : {m_pecaDesconto, m_pecaVenda, m_servicoDesconto, m_servicoObra, m_maoObra, m_valorVenda,
                          m_valorPagar})
         soValor(e);
+    for (QLineEdit* e : {m_pecaQuantidade, m_pecaDesconto, m_pecaVenda, m_servicoDesconto, m_servicoObra})
+        e->setMaximumWidth(90);
     m_codServico = new QLineEdit(w);
     m_codServico->setObjectName(QStringLiteral("TxtCodServico"));
     m_codServico->setMaxLength(20);
