@@ -313,14 +313,20 @@ bool OrdemServicoTecnico::descontoPecaValido()
         m_pecaDesconto->setFocus();
         return false;
     }
-    if (!m_pecaManual && m_pecaAberta >= 0) {
-        const PecaAplicada& p = m_ordem.pecas.at(m_pecaAberta);
-        if (EstoqueOrdem::temProduto(p.codpeca) && !BancadaOrdem::descontoPermitido(p.ValorVenda, p.ValorMinimo, *desconto)) {
-            Dialogos::mensagem(this, BancadaOrdem::MsgDesconto, QStringLiteral("Mínimo de: ") + p.ValorMinimo.texto(),
-                               Dialogos::Icone::Aviso);
-            m_pecaDesconto->setFocus();
-            return false;
-        }
+    // A part from stock keeps its floor; one typed by hand has none, but is never given
+    // away below nothing.
+    Dinheiro venda, minimo;
+    if (!m_pecaManual && m_pecaAberta >= 0 && EstoqueOrdem::temProduto(m_ordem.pecas.at(m_pecaAberta).codpeca)) {
+        venda = m_ordem.pecas.at(m_pecaAberta).ValorVenda;
+        minimo = m_ordem.pecas.at(m_pecaAberta).ValorMinimo;
+    } else {
+        venda = Dinheiro::lerTexto(m_pecaVenda->text()).value_or(Dinheiro());
+    }
+    if (!BancadaOrdem::descontoPermitido(venda, minimo, *desconto)) {
+        Dialogos::mensagem(this, BancadaOrdem::MsgDesconto, QStringLiteral("Mínimo de: ") + minimo.texto(),
+                           Dialogos::Icone::Aviso);
+        m_pecaDesconto->setFocus();
+        return false;
     }
     m_pecaDesconto->setText(desconto->texto());
     return true;

@@ -19,6 +19,14 @@
 #include "ui/RegistroTelas.h"
 
 // Stands in for the pending panel: counts the calls to read again.
+// Stands in for the product search: records where its choice was told to go.
+class BuscaDeTeste : public QWidget {
+    Q_OBJECT
+public:
+    static inline QList<QVariantMap> destinos;
+    Q_INVOKABLE void defineDestino(const QVariantMap& dados) { destinos << dados; }
+};
+
 class PainelDeTeste : public QWidget {
     Q_OBJECT
 public:
@@ -29,6 +37,8 @@ public:
 namespace {
 const bool painelRegistrado =
     RegistroTelas::registrar("Pendencia", [] { return static_cast<QWidget*>(new PainelDeTeste); });
+const bool buscaRegistrada =
+    RegistroTelas::registrar("PesquisaProduto", [] { return static_cast<QWidget*>(new BuscaDeTeste); });
 const QString MsgBloqueada = "Esta ordem de serviço foi definido seu Status e valores,você não tem permissão para alterar.";
 }
 
@@ -215,8 +225,16 @@ private slots:
         QCOMPARE(estoque("P"), QString("15"));
         QCOMPARE(col("Aprovado", chave).toLongLong(), -1);
         alteraPeca(0, "6", {});
+        b->banco().executar("UPDATE Produto SET QuantidadeMinima = 15000 WHERE codpeca = 'P'");
         clica(0);
         QCOMPARE(estoque("P"), QString("14"));
+        // Under its minimum: a line of the material order, and the notice with the part.
+        QCOMPARE(b->banco().escalar("SELECT COUNT(*) FROM PedidoPeca").toLongLong(), 1);
+        bool avisou = false;
+        for (auto* l : tela->findChildren<QLabel*>("Label2"))
+            avisou = avisou || l->text() == "PECA P";
+        QVERIFY(avisou);
+        b->banco().executar("UPDATE Produto SET QuantidadeMinima = 0 WHERE codpeca = 'P'");
         clica(0);  // nothing raised: nothing taken
         QCOMPARE(estoque("P"), QString("14"));
         QCOMPARE(PainelDeTeste::leituras, 2);
@@ -446,6 +464,46 @@ private slots:
         salva(2);
         QCOMPARE(col("MaoObra", chave).toLongLong(), 6000);
         QCOMPARE(col("StatusConserto", chave).toString(), QString("TV AGUARDA PEÇA"));
+    }
+
+    // The customer's answer given at the bench, a part from the search, a part typed by hand,
+    // and leaving with "Sim" saves.
+    void autorizaESai_data() { linhasMotores(); }
+    void autorizaESai()
+    {
+        QFETCH(int, motor);
+        QVERIFY(ambiente(motor));
+        const qint64 chave = ordem(21, "MICROONDAS");
+        abre(chave);
+        QCOMPARE(campo<QLabel>("LblResposta")->text(), QString("Indeciso"));
+        clica(1);
+        QCOMPARE(campo<QLabel>("LblResposta")->text(), QString("Aprovado"));
+        BuscaDeTeste::destinos.clear();
+        clica(3);
+        QCOMPARE(BuscaDeTeste::destinos.size(), 1);
+        QCOMPARE(BuscaDeTeste::destinos.first().value("Destino").toString(), QString("OrdemServicoTecnico"));
+        clica(4);
+        digita(campo<QLineEdit>("TxtPecaDescricao"), "FUSÍVEL 10A");
+        digita(campo<QLineEdit>("TxtPecaVenda"), "3,5");
+        digita(campo<QLineEdit>("TxtPecaDesconto"), "3,51");  // a part by hand is never below nothing
+        clica(7);
+        QCOMPARE(Dialogos::Roteiro::ultimoTexto(), BancadaOrdem::MsgDesconto);
+        QCOMPARE(campo<QTableWidget>("LPeca")->rowCount(), 0);
+        troca(campo<QLineEdit>("TxtPecaDesconto"), "1");
+        clica(7);
+        QCOMPARE(celula("LPeca", 0, 1), QString("FUSÍVEL 10A"));
+        QCOMPARE(celula("LPeca", 0, 6), QString("2,50"));
+        opcao(3);
+        QCOMPARE(campo<QLineEdit>("TxtStatusConserto")->text(), QString("DEVOLVER MICROONDAS AO CLIENTE"));
+        Dialogos::Roteiro::responder(QVariant::fromValue(Dialogos::Resposta::Sim));
+        QVERIFY(RegistroTelas::fecharJanela(tela));
+        tela = nullptr;
+        QCOMPARE(col("Aprovado", chave).toLongLong(), -1);
+        QCOMPARE(col("Contato", chave).toLongLong(), -1);
+        QCOMPARE(col("Devolver", chave).toLongLong(), -1);
+        QCOMPARE(col("OrdemBloqueada", chave).toLongLong(), 0);
+        QCOMPARE(pecaCol("codpeca", chave).toString(), QString("0000"));
+        QCOMPARE(pecaCol("ValorTotal", chave).toLongLong(), 250);
     }
 
     // The delivery's parts list opens the bench on its order.
