@@ -609,7 +609,10 @@ bool OrdemServicoTecnico::salvar()
 void OrdemServicoTecnico::sairOuCancelar()
 {
     if (m_botoes[2]->text() == Cancelar) {
-        mostra(m_guardada);
+        // The row as stored now, with what other stations saved meanwhile.
+        m_alterado = false;
+        if (!carregaOrdem(m_guardada.CodOsAut))
+            mostra(m_guardada);
         return;
     }
     RegistroTelas::fecharJanela(this);

@@ -1,4 +1,6 @@
 #include <QCheckBox>
+#include <QComboBox>
+#include <QListWidget>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -474,8 +476,23 @@ private slots:
         QFETCH(int, motor);
         QVERIFY(ambiente(motor));
         const qint64 chave = ordem(21, "MICROONDAS");
+        b->banco().inserir(*Esquema::tabela("DefeitoReclamado"), {"CodDefeito", "Defeito"}, {"1", "NÃO LIGA"});
         abre(chave);
         QCOMPARE(campo<QLabel>("LblResposta")->text(), QString("Indeciso"));
+        digita(campo<QLineEdit>("TxtArmazenado"), "PRATELEIRA D'ÁGUA");
+        clica(0);
+        QCOMPARE(Dialogos::Roteiro::ultimoTexto(), QString("Defina a situação do conserto"));
+        QCOMPARE(col("Armazenado", chave).toString(), QString());
+        sessao().DireitoOsTecAl = 0;
+        salva(2);
+        QVERIFY(RegistroTelas::aberta("Negado"));
+        QCOMPARE(col("AguardaPeca", chave).toLongLong(), 0);
+        sessao().DireitoOsTecAl = 1;
+        auto* defeito = campo<QComboBox>("CDefeito");
+        QCOMPARE(defeito->count(), 1);
+        emit defeito->activated(0);
+        emit defeito->activated(0);  // a defect stands once
+        QCOMPARE(campo<QListWidget>("LDef")->count(), 1);
         clica(1);
         QCOMPARE(campo<QLabel>("LblResposta")->text(), QString("Aprovado"));
         BuscaDeTeste::destinos.clear();
@@ -501,6 +518,10 @@ private slots:
         QCOMPARE(col("Aprovado", chave).toLongLong(), -1);
         QCOMPARE(col("Contato", chave).toLongLong(), -1);
         QCOMPARE(col("Devolver", chave).toLongLong(), -1);
+        QCOMPARE(col("Armazenado", chave).toString(), QString("PRATELEIRA D'ÁGUA"));
+        QCOMPARE(col("Sintoma", chave).toString(), QString("NÃO LIGA,"));
+        QCOMPARE(b->banco().escalar("SELECT DefeitoOS FROM SintomaOS WHERE CodOsAut = ?", {chave}).toString(),
+                 QString("NÃO LIGA"));
         QCOMPARE(col("OrdemBloqueada", chave).toLongLong(), 0);
         QCOMPARE(pecaCol("codpeca", chave).toString(), QString("0000"));
         QCOMPARE(pecaCol("ValorTotal", chave).toLongLong(), 250);
