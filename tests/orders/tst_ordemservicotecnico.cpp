@@ -397,6 +397,33 @@ private slots:
         QCOMPARE(estoque("P"), QString("18"));
         QVERIFY(!outra->alterado());
         outra->close();
+
+        // The other station is in the middle of its own save, which has just taken the part:
+        // this save waits for it, and either finds the part taken or is refused as changed
+        // meanwhile (with the screen kept, to be saved again); never is the part taken twice.
+        const qint64 outraOrdem = ordem(22);
+        const qint64 q = produto("Q", 1000);
+        tela->abreOrdem({{"CodOsAut", outraOrdem}});
+        escolhe(q, "2");
+        salva(1);
+        opcao(0);
+        OutraEstacaoGravando gravando(*b,
+                                      QString("UPDATE PecasAplicadas SET BaixaEstoque = -1, QuantidadeBaixada = 2000, "
+                                              "ControleEstoque = -1 WHERE CodOsAut = %1").arg(outraOrdem),
+                                      1500);
+        clica(0);
+        QCOMPARE(gravando.terminar(), QString());
+        if (tela->alterado()) {
+            QVERIFY(Dialogos::Roteiro::ultimoTexto().startsWith("Este registro foi alterado em outra estação."));
+            QCOMPARE(col("Consertado", outraOrdem).toLongLong(), 0);
+            clica(2);
+            salva(0);
+        }
+        QVERIFY(!tela->alterado());
+        QCOMPARE(col("Consertado", outraOrdem).toLongLong(), -1);
+        QCOMPARE(estoque("Q"), QString("20"));  // taken by the other station's own statement
+        QCOMPARE(pecaCol("BaixaEstoque", outraOrdem).toLongLong(), -1);
+        QCOMPARE(pecaCol("QuantidadeBaixada", outraOrdem).toLongLong(), 2000);
     }
 
     // The store failing mid-save: nothing half-written, the screen keeps what was typed.
