@@ -263,7 +263,11 @@ private slots:
         const qint64 chave = ordem(12);
         const qint64 p80 = produto("P80", 8000);
         const qint64 p25 = produto("P25", 2500);
+        // A house call of the same number keeps its parts to itself.
+        b->banco().inserir(*Esquema::tabela("PecasAplicadas"), {"CodOs", "CodOsAut", "CodManu", "TipoVisita", "Descricao"},
+                           {12, 0, 12, "VisitaTecnico", "PECA DA VISITA"});
         abre(chave);
+        QCOMPARE(campo<QTableWidget>("LPeca")->rowCount(), 0);
         escolhe(p80);
         escolhe(p25, "3");
         salva(1);
