@@ -248,8 +248,6 @@ bool OrdemServicoTecnico::eventFilter(QObject* alvo, QEvent* e)
         if (!navega && edita && !soLeitura && !marcaAlterado())
             return true;
     }
-    if (e->type() == QEvent::MouseButtonPress && m_ordem.nova())
-        return false;
     return QWidget::eventFilter(alvo, e);
 }
 

@@ -224,8 +224,6 @@ QWidget* OrdemServicoTecnico::montaCampos()
                                                       m_sintoma, m_servicoExecutado, m_status, m_maoObra,
                                                       m_valorVenda, m_valorPagar})
         x->installEventFilter(this);
-    for (QPlainTextEdit* t : {m_observacao, m_servicoReal, m_defeitoReal, m_sintoma, m_servicoExecutado})
-        t->viewport()->installEventFilter(this);
     connect(m_tecnico, &QComboBox::activated, this, [this](int i) {
         if (!marcaAlterado()) {
             m_mostrando = true;
