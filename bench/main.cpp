@@ -27,6 +27,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "BenchBancada.h"
 #include "BenchCaixa.h"
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
@@ -419,6 +420,7 @@ int main(int argc, char** argv)
             return -1;
         });
         medeEntrega(*b, m);
+        medeBancada(*b, m);
 
         m << medeCaixa(*b);
 

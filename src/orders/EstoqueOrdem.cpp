@@ -18,6 +18,8 @@ struct LinhaPeca {
     QString descricao;
     Quantidade quantidade;
     Quantidade baixada;
+    qint64 baixaLida;      // BaixaEstoque and QuantidadeBaixada as read, for the guarded update
+    qint64 baixadaLida;
 };
 
 // A row marked taken before QuantidadeBaixada was kept counts as wholly taken.
@@ -40,7 +42,8 @@ QStringList baixar(Banco& banco, qint64 codOsAut, Momento momento)
             const Quantidade quantidade = Quantidade::deMilesimos(q.value(3).toLongLong());
             linhas << LinhaPeca{q.value(0).toLongLong(), q.value(1).toString(), q.value(2).toString(), quantidade,
                                 jaBaixada(q.value(5).toLongLong() != 0,
-                                          Quantidade::deMilesimos(q.value(4).toLongLong()), quantidade)};
+                                          Quantidade::deMilesimos(q.value(4).toLongLong()), quantidade),
+                                q.value(5).toLongLong(), q.value(4).toLongLong()};
         }
     }
     QStringList reposicao;
@@ -53,9 +56,14 @@ QStringList baixar(Banco& banco, qint64 codOsAut, Momento momento)
             continue;
         const Quantidade falta = l.quantidade - l.baixada;
         if (falta > Quantidade()) {
-            retirar(banco, l.codpeca, falta);
-            banco.executar(QStringLiteral("UPDATE PecasAplicadas SET BaixaEstoque = -1, QuantidadeBaixada = ? "
-                                          "WHERE CodPecAut = ?"), {l.quantidade.milesimos(), l.chave});
+            // Marked only if nobody marked it since the read: two stations saving the same
+            // order at once take each part once, the second finding it already taken.
+            QSqlQuery marca = banco.executar(
+                QStringLiteral("UPDATE PecasAplicadas SET BaixaEstoque = -1, QuantidadeBaixada = ? "
+                               "WHERE CodPecAut = ? AND COALESCE(BaixaEstoque, 0) = ? AND COALESCE(QuantidadeBaixada, 0) = ?"),
+                {l.quantidade.milesimos(), l.chave, l.baixaLida, l.baixadaLida});
+            if (marca.numRowsAffected() == 1)
+                retirar(banco, l.codpeca, falta);
         }
         if (const QString falta = Produtos::pedeSeAbaixoDoMinimo(banco, l.codpeca, l.descricao); !falta.isEmpty())
             reposicao << falta;

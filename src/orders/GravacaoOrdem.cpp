@@ -76,8 +76,28 @@ void gravarServicos(Banco& banco, const Ordem& o)
     regravarFilhas(banco, o, QStringLiteral("ServicoOS"), o.servicos, &ColunasFilhas::escreverServico);
 }
 
+// Parts taken off the list go now. One that another station's save has since taken from
+// stock stays: only the stock screen removes it.
+void apagarRemovidas(Banco& banco, Ordem& o)
+{
+    for (const qint64 chave : std::as_const(o.pecasRemovidas)) {
+        const QVariant controle = banco.escalar(
+            QStringLiteral("SELECT ControleEstoque FROM PecasAplicadas WHERE CodPecAut = ? AND CodOsAut = ?"),
+            {chave, o.CodOsAut});
+        if (!controle.isNull() && controle.toLongLong() != 0)
+            throw OrdemRecusada(Recusa::aviso(
+                QStringLiteral("Essa peça pode ser excluida somente pelo controle de estoque não é permitido a "
+                               "exclusão por este formulário"),
+                QStringLiteral("Controle de estoque")));
+        banco.executar(QStringLiteral("DELETE FROM PecasAplicadas WHERE CodPecAut = ? AND CodOsAut = ?"),
+                       {chave, o.CodOsAut});
+    }
+    o.pecasRemovidas.clear();
+}
+
 void gravarPecas(Banco& banco, Ordem& o)
 {
+    apagarRemovidas(banco, o);
     Recordset rs(banco);
     for (PecaAplicada& p : o.pecas) {
         if (p.codpeca.trimmed().isEmpty())

@@ -65,6 +65,9 @@ struct Ordem {
     QList<SintomaOrdem> sintomas;
     QList<ServicoOrdem> servicos;
     QList<PecaAplicada> pecas;
+    // Stored parts taken off the list: deleted by the next save, so that a cancelled
+    // change brings them back together with the money they were part of.
+    QList<qint64> pecasRemovidas;
 
     // A warranty return: the old order's number, which the numbering puts in CodFabrica
     // instead of taking one from the factory counter. Never stored.

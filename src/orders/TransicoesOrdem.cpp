@@ -185,7 +185,7 @@ QStringList salvarBancada(Banco& banco, Ordem& o, Situacao escolhida)
     return reposicao;
 }
 
-void removerPeca(Banco& banco, Ordem& o, int indice)
+void removerPeca(Ordem& o, int indice)
 {
     if (indice < 0 || indice >= o.pecas.size())
         throw OrdemRecusada(Recusa::aviso(QStringLiteral("Não tem item"), QStringLiteral("Proibido")));
@@ -198,8 +198,7 @@ void removerPeca(Banco& banco, Ordem& o, int indice)
         throw OrdemRecusada(*r);
     const qint64 chave = o.pecas.at(indice).CodPecAut;
     if (chave != 0)
-        banco.executar(QStringLiteral("DELETE FROM PecasAplicadas WHERE CodPecAut = ? AND CodOsAut = ?"),
-                       {chave, o.CodOsAut});
+        o.pecasRemovidas << chave;
     o.pecas.removeAt(indice);
     ValoresOrdem::recalcular(o, cfg(sessao().CfgAtivaSer));
 }

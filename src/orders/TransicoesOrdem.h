@@ -35,8 +35,9 @@ void salvarEntrada(Banco& banco, Ordem& o, const OpcoesEntrada& opcoes);
 QStringList salvarBancada(Banco& banco, Ordem& o, Situacao escolhida);
 
 // Bench, "&Remove item": a part under stock control stays; otherwise DireitoAltOrca
-// (lock rule 3). A stored part is deleted at once, and the money is worked out again.
-void removerPeca(Banco& banco, Ordem& o, int indice);
+// (lock rule 3). The part leaves the list and the money is worked out again; a stored
+// part is deleted by the next save, never before.
+void removerPeca(Ordem& o, int indice);
 
 // 3. Bench button "Orça/Autori&zado": not on a warranty order.
 void autorizarNaBancada(Ordem& o);

@@ -107,26 +107,30 @@ private slots:
         QCOMPARE(o.ValorVenda.texto(), QString("0,00"));  // the save stores what the bench computed
         sessao().DireitoAltOrca = 0;
         try {
-            TransicoesOrdem::removerPeca(b.banco(), o, 1);
+            TransicoesOrdem::removerPeca(o, 1);
             QFAIL("removida sem direito");
         } catch (const OrdemRecusada& e) {
             QCOMPARE(e.recusa().seguimento, Recusa::SenhaLiberaAltOs);
         }
         sessao().DireitoAltOrca = 1;
-        TransicoesOrdem::removerPeca(b.banco(), o, 1);
+        TransicoesOrdem::removerPeca(o, 1);
         QCOMPARE(o.pecas.size(), 1);
         QCOMPARE(o.ValorVenda.texto(), QString("10,00"));
+        // Still stored until the save.
+        QCOMPARE(GravacaoOrdem::carregar(b.banco(), o.CodOsAut)->pecas.size(), 2);
+        TransicoesOrdem::salvarBancada(b.banco(), o, Situacao::Orcamento);
         QCOMPARE(GravacaoOrdem::carregar(b.banco(), o.CodOsAut)->pecas.size(), 1);
+        QVERIFY(o.pecasRemovidas.isEmpty());
         // Once under stock control only the stock screen removes it.
         TransicoesOrdem::salvarBancada(b.banco(), o, Situacao::Consertado);
         try {
-            TransicoesOrdem::removerPeca(b.banco(), o, 0);
+            TransicoesOrdem::removerPeca(o, 0);
             QFAIL("removida sob controle de estoque");
         } catch (const OrdemRecusada& e) {
             QCOMPARE(e.recusa().titulo, QString("Controle de estoque"));
         }
         try {
-            TransicoesOrdem::removerPeca(b.banco(), o, 5);
+            TransicoesOrdem::removerPeca(o, 5);
             QFAIL("removida sem item");
         } catch (const OrdemRecusada& e) {
             QCOMPARE(e.recusa().mensagem, QString("Não tem item"));

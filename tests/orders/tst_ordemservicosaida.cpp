@@ -427,7 +427,7 @@ private slots:
         QCOMPARE(grade->item(0, 0)->text(), QString("TELA 14''"));
         QCOMPARE(grade->item(0, 3)->text(), QString("90,00"));
         QCOMPARE(campo<QLineEdit>("TxtValorPecas", lista)->text(), QString("90,00"));
-        QVERIFY(!botao(0, lista)->isEnabled());  // no bench in this build
+        QVERIFY(botao(0, lista)->isEnabled());  // "&Incluir peças" opens the bench
         auto* mao = campo<QLineEdit>("TxtMaoObra", lista);
         QCOMPARE(mao->text(), QString("50,00"));
         mao->setFocus();
