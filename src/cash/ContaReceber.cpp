@@ -311,7 +311,7 @@ void ContaReceber::pesquisa()
         m_modelo->abrir(std::make_unique<PaginasBusca>(*m_banco, Contas::tabela(p.modo), p.onde, p.ordem, colunas));
         for (int i = 0; i < colunas.size(); ++i)
             m_grade->setColumnHidden(i, i > 1);
-        m_grade->setColumnWidth(0, 320);
+        m_grade->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
         setWindowTitle(Contas::titulo(p.modo, m_modelo->total()));
     } catch (const Recusa& r) {
         recusa(r);

@@ -156,6 +156,8 @@ private slots:
         QVERIFY(texto.contains("Valor pago: 400,16"));
         QVERIFY(texto.contains("Data pagamento: 11/02/2025"));
         QVERIFY(texto.contains("Cli/Tit: ANA"));
+        if (const QString copia = qEnvironmentVariable("TOLDEX_RECIBO_PDF"); !copia.isEmpty() && motor == int(Motor::SQLite))
+            QFile::copy(pdf, copia);
     }
 
     // A new due date moves only the chosen row.
