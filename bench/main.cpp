@@ -28,6 +28,7 @@
 #include <unistd.h>
 
 #include "BenchCaixa.h"
+#include "BenchContas.h"
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
 #include "BenchProduto.h"
@@ -446,6 +447,7 @@ int main(int argc, char** argv)
         }
 
         medeEstoque(*b, m, nTextos);
+        medeContas(*b, m, nTextos);
 
         QTextStream out(stdout);
         out << "Toldex " << TOLDEX_VERSAO << " — " << (c.motor == Motor::SQLite ? "SQLite" : "PostgreSQL") << ", "
