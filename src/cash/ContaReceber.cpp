@@ -130,14 +130,14 @@ void ContaReceber::montaTela()
     base->addWidget(botao(2, QStringLiteral("Sai&r")));
     raiz->addLayout(base);
 
-    connect(m_botoes[0], &QPushButton::clicked, this, [this] { mostraPagamento(!m_framePagamento->isVisible()); });
+    connect(m_botoes[0], &QPushButton::clicked, this, [this] { mostraPagamento(m_framePagamento->isHidden()); });
     connect(m_botoes[5], &QPushButton::clicked, this, [this] { mostraPagamento(false); });
     connect(m_botoes[1], &QPushButton::clicked, this, &ContaReceber::imprimeRecibo);
     connect(m_botoes[2], &QPushButton::clicked, this, [this] { RegistroTelas::fecharJanela(this); });
     connect(m_botoes[3], &QPushButton::clicked, this, &ContaReceber::pesquisa);
     connect(m_botoes[4], &QPushButton::clicked, this, &ContaReceber::exclui);
     connect(m_botoes[6], &QPushButton::clicked, this, &ContaReceber::confirma);
-    connect(m_botoes[7], &QPushButton::clicked, this, [this] { mostraNovaData(!m_frameData->isVisible()); });
+    connect(m_botoes[7], &QPushButton::clicked, this, [this] { mostraNovaData(m_frameData->isHidden()); });
     connect(m_botoes[8], &QPushButton::clicked, this, &ContaReceber::alternaLado);
     connect(m_botoes[9], &QPushButton::clicked, this, [this] { mostraNovaConta(true); });
     connect(m_botoes[10], &QPushButton::clicked, this, [this] { gravaNovaConta(); });
@@ -298,7 +298,7 @@ void ContaReceber::pesquisa()
     if (!m_banco)
         return Dialogos::erro(this, QStringLiteral("houve uma perda na comunicação ao banco de dados,"),
                               QStringLiteral("Sem conexão com o banco de dados."));
-    try {
+    const bool ok = executa(QStringLiteral("Erro ao carregar formulário,"), [&] {
         const Contas::Pesquisa p =
             Contas::pesquisa(*m_banco, m_lado, m_combo1->currentText(), m_text1->text(), m_dt->date());
         m_modoLista = p.modo;
@@ -313,14 +313,9 @@ void ContaReceber::pesquisa()
             m_grade->setColumnHidden(i, i > 1);
         m_grade->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
         setWindowTitle(Contas::titulo(p.modo, m_modelo->total()));
-    } catch (const Recusa& r) {
-        recusa(r);
-        return;
-    } catch (const ErroBanco& e) {
-        erroBanco(QStringLiteral("Erro ao carregar formulário,"), e);
-        return;
-    }
-    limpaEscolha();
+    });
+    if (ok)
+        limpaEscolha();
 }
 
 void ContaReceber::escolheLinha(int linha)
@@ -411,7 +406,7 @@ void ContaReceber::recusa(const Recusa& r)
     case Recusa::Linha: foco = m_combo1; break;
     case Recusa::Busca: foco = m_text1; break;
     case Recusa::Valor: foco = m_text2[ValorRecebido]; break;
-    case Recusa::Data: foco = m_frameData->isVisible() ? static_cast<QWidget*>(m_dtA) : m_dtR; break;
+    case Recusa::Data: foco = !m_frameData->isHidden() ? static_cast<QWidget*>(m_dtA) : m_dtR; break;
     case Recusa::CliFor: foco = m_cliFor; break;
     case Recusa::Total: foco = m_txt[Total]; break;
     case Recusa::Parcelas: foco = m_txt[Parcelas]; break;
@@ -431,13 +426,26 @@ void ContaReceber::erroBanco(const QString& titulo, const ErroBanco& e)
                    e.textoCompleto());
 }
 
+bool ContaReceber::executa(const QString& tituloErro, const std::function<void()>& acao)
+{
+    try {
+        acao();
+        return true;
+    } catch (const Recusa& r) {
+        recusa(r);
+    } catch (const ErroBanco& e) {
+        erroBanco(tituloErro, e);
+    }
+    return false;
+}
+
 void ContaReceber::confirma()
 {
     if (!m_banco)
         return;
-    const bool pagamento = m_framePagamento->isVisible();
-    const bool data = m_frameData->isVisible();
-    try {
+    const bool pagamento = !m_framePagamento->isHidden();
+    const bool data = !m_frameData->isHidden();
+    const bool ok = executa(QStringLiteral("Erro ao gravar formulário,"), [&] {
         if (m_escolhida.vazia())
             throw Recusa(QStringLiteral("Selecione um registro"), Recusa::Linha);
         if (pagamento) {
@@ -456,16 +464,10 @@ void ContaReceber::confirma()
             Contas::pagar(*m_banco, m_escolhida, p);
         } else if (data) {
             Contas::novaData(*m_banco, m_escolhida, m_dtA->date());
-        } else {
-            return;
         }
-    } catch (const Recusa& r) {
-        recusa(r);
+    });
+    if (!ok || (!pagamento && !data))
         return;
-    } catch (const ErroBanco& e) {
-        erroBanco(QStringLiteral("Erro ao gravar formulário,"), e);
-        return;
-    }
     const Contas::Escolhida feita = m_escolhida;
     if (pagamento) {
         m_text2[ValorRecebido]->clear();
@@ -481,23 +483,19 @@ void ContaReceber::exclui()
 {
     if (!m_banco)
         return;
-    try {
+    bool confirmou = false;
+    const bool ok = executa(QStringLiteral("Erro ao excluir o formulario"), [&] {
         if (m_escolhida.vazia())
             throw Recusa(QStringLiteral("Escolha um registro"), Recusa::Linha, QStringLiteral("Proibido"));
         if (sessao().DireitoContaAl != 1)
             throw Recusa({}, Recusa::Negado);
-        if (!Dialogos::pergunta(this, QStringLiteral("Registro será excluído permanentemente,deseja excluir ?"),
-                                windowTitle()))
-            return;
-        Contas::excluir(*m_banco, m_escolhida);
-    } catch (const Recusa& r) {
-        recusa(r);
-        return;
-    } catch (const ErroBanco& e) {
-        erroBanco(QStringLiteral("Erro ao excluir o formulario"), e);
-        return;
-    }
-    pesquisa();
+        confirmou = Dialogos::pergunta(this, QStringLiteral("Registro será excluído permanentemente,deseja excluir ?"),
+                                       windowTitle());
+        if (confirmou)
+            Contas::excluir(*m_banco, m_escolhida);
+    });
+    if (ok && confirmou)
+        pesquisa();
 }
 
 bool ContaReceber::imprime(const QSqlRecord& linha)
@@ -545,15 +543,9 @@ bool ContaReceber::gravaNovaConta()
     c.parcelas = m_txt[Parcelas]->text();
     c.entrada = m_txt[Entrada]->text();
     c.compra = m_dtCompra->date();
-    try {
-        Contas::gravar(*m_banco, c, m_hoje.isValid() ? m_hoje : QDate::currentDate());
-    } catch (const Recusa& r) {
-        recusa(r);
+    if (!executa(QStringLiteral("Erro ao gravar formulário,"),
+                 [&] { Contas::gravar(*m_banco, c, m_hoje.isValid() ? m_hoje : QDate::currentDate()); }))
         return false;
-    } catch (const ErroBanco& e) {
-        erroBanco(QStringLiteral("Erro ao gravar formulário,"), e);
-        return false;
-    }
     RegistroTelas::abrir(QStringLiteral("Gravado"));
     mostraNovaConta(false);
     return true;

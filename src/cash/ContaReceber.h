@@ -2,6 +2,7 @@
 #include <QDate>
 #include <QList>
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "cash/Contas.h"
@@ -60,6 +61,8 @@ private:
     void carregaNomes(const QString& comeco);
     void recusa(const Contas::Recusa& r);
     void erroBanco(const QString& titulo, const ErroBanco& e);
+    // Runs a change or a search; a refusal or a store failure is told, and false returned.
+    bool executa(const QString& tituloErro, const std::function<void()>& acao);
     bool imprime(const QSqlRecord& linha);
     void formataValor(QLineEdit* le);
 
