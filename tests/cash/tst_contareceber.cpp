@@ -250,7 +250,9 @@ private slots:
         cliFor->setEditText("ELETROSUL");
         QTest::keyClicks(w<QLineEdit>("Txt(4)"), "9O0");
         QCOMPARE(w<QLineEdit>("Txt(4)")->text(), QString("90"));
-        w<QLineEdit>("Txt(4)")->setText("900");
+        w<QLineEdit>("Txt(4)")->clear();
+        w<QLineEdit>("Txt(4)")->insert("9a0b0");  // pasted
+        QCOMPARE(w<QLineEdit>("Txt(4)")->text(), QString("900"));
         QTest::keyClicks(w<QLineEdit>("Txt(5)"), "0");
         botao(10)->click();
         QCOMPARE(Dialogos::Roteiro::ultimoTexto(), QString("O número de parcelas deve ser de 1 a 360."));

@@ -382,6 +382,26 @@ private slots:
         QCOMPARE(contar(b.banco(), "ContasPagar"), 0);
     }
 
+    // A bill whose third instalment the store refuses leaves no instalment behind.
+    void novaContaInteiraOuNada_data() { linhasMotores(); }
+    void novaContaInteiraOuNada()
+    {
+        BANCO_DO_MOTOR(b);
+        if (b->motor() == Motor::SQLite) {
+            b->executar("CREATE TRIGGER falha BEFORE INSERT ON ContasPagar WHEN NEW.NumeroParcela = '3 de 3' "
+                        "BEGIN SELECT RAISE(ABORT, 'disco cheio'); END");
+        } else {
+            b->executar("CREATE FUNCTION falha() RETURNS trigger AS $$ BEGIN IF NEW.NumeroParcela = '3 de 3' THEN "
+                        "RAISE EXCEPTION 'disco cheio'; END IF; RETURN NEW; END $$ LANGUAGE plpgsql");
+            b->executar("CREATE TRIGGER falha BEFORE INSERT ON ContasPagar FOR EACH ROW EXECUTE FUNCTION falha()");
+        }
+        inserir(b.banco(), Pagar{"ANTES", "1", "2025/02/10"});
+        Contas::NovaConta c{Modo::Pagar, "", "ELETROSUL", "", "", "", "28", "900", "3", "", {}};
+        QVERIFY_THROWS_EXCEPTION(ErroBanco, Contas::gravar(b.banco(), c, QDate(2025, 1, 10)));
+        QCOMPARE(contar(b.banco(), "ContasPagar"), 1);
+        QCOMPARE(contar(b.banco(), "ContasPagar", "Fornecedor = 'ANTES'"), 1);
+    }
+
     // The detail list and the receipt read the row by its column names.
     void detalheERecibo()
     {
