@@ -280,8 +280,7 @@ void excluir(Banco& banco, const Escolhida& e)
         throw Recusa(QStringLiteral("Escolha um registro"), Recusa::Linha, QStringLiteral("Proibido"));
     exigirDireito();
     if (e.modo == Modo::Cheques)
-        throw ErroBanco(QStringLiteral("O cheque não foi excluído."),
-                        QStringLiteral("Cheques são excluídos no cadastro de cheques."));
+        throw Recusa(MsgChequeNaoExclui, Recusa::Linha, QStringLiteral("Erro ao excluir o formulario"));
     Transacao tr(banco);
     conferir(banco, e);
     banco.executar(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(tabela(e.modo), chave(e.modo)), {e.chave()});

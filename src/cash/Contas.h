@@ -49,6 +49,9 @@ inline const QString MsgAlterada =
     QStringLiteral("Esta conta foi alterada em outra estação desde que foi lida; pesquise de novo antes de alterá-la.");
 inline const QString MsgSumiu =
     QStringLiteral("Esta conta foi excluída em outra estação; pesquise de novo.");
+// A cheque is deleted on its own register, where its registration is seen whole.
+inline const QString MsgChequeNaoExclui =
+    QStringLiteral("O cheque não foi excluído: cheques são excluídos no cadastro de cheques.");
 inline const QString MsgValorInvalido = QStringLiteral("Valor inválido: digite só números e a vírgula (150,00).");
 
 // The rows an entry of the list finds: the table they come from (the cheque entries read
@@ -84,8 +87,8 @@ struct Pagamento {
 // or ErroBanco.
 void pagar(Banco& banco, const Escolhida& e, const Pagamento& p);
 void novaData(Banco& banco, const Escolhida& e, const QDate& vencimento);
-// Cheques are removed on their own register: here the deletion fails with an error and
-// nothing changes.
+// Cheques are removed on their own register: here the deletion is refused and nothing
+// changes.
 void excluir(Banco& banco, const Escolhida& e);
 
 // A bill typed by hand: a payable to a supplier or a receivable from a customer.

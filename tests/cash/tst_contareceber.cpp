@@ -230,8 +230,7 @@ private slots:
         escolhe(c);
         Dialogos::Roteiro::responderSim();
         botao(4)->click();
-        QCOMPARE(Dialogos::Roteiro::registros().last().tipo, QString("mensagem"));
-        QVERIFY(Dialogos::Roteiro::ultimoTexto().startsWith("Erro nº"));
+        QCOMPARE(Dialogos::Roteiro::ultimoTexto(), Contas::MsgChequeNaoExclui);
         QCOMPARE(contar(b->banco(), "CadastroCheque", "Excluidos = 0"), 1);
         botao(3)->click();
         QCOMPARE(modelo()->rowCount(), 1);

@@ -274,7 +274,8 @@ private slots:
     {
         BANCO_DO_MOTOR(b);
         const qint64 k = inserir(b.banco(), Cheque{"MARIA", "2025/03/01", "2025/02/01"});
-        QVERIFY_THROWS_EXCEPTION(ErroBanco, Contas::excluir(b.banco(), escolhida(b.banco(), Modo::Cheques, k)));
+        QCOMPARE(recusa([&] { Contas::excluir(b.banco(), escolhida(b.banco(), Modo::Cheques, k)); }),
+                 Contas::MsgChequeNaoExclui);
         QCOMPARE(contar(b.banco(), "CadastroCheque", "Chave = ? AND Excluidos = 0", {k}), 1);
         Contas::pagar(b.banco(), escolhida(b.banco(), Modo::Cheques, k), {"100,00", QDate(2025, 2, 2), "CHEQUE", ""});
         QCOMPARE(b->escalar("SELECT Quitado FROM CadastroCheque WHERE Chave = ?", {k}).toInt(), -1);
