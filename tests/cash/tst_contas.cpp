@@ -383,6 +383,19 @@ private slots:
         QCOMPARE(contar(b.banco(), "ContasPagar"), 0);
     }
 
+    // A store from before the document column was kept gets it when opened, and a bill
+    // with no document number then saves.
+    void lojaAntigaGanhaColuna_data() { linhasMotores(); }
+    void lojaAntigaGanhaColuna()
+    {
+        BANCO_DO_MOTOR(b);
+        b->executar("ALTER TABLE ContasPagar DROP COLUMN CodCod");
+        QVERIFY(b->garantirEsquema() >= 1);
+        Contas::NovaConta c{Modo::Pagar, "", "ELETROSUL", "", "", "", "28", "900", "3", "", {}};
+        QCOMPARE(Contas::gravar(b.banco(), c, QDate(2025, 1, 10)).size(), 3);
+        QCOMPARE(contar(b.banco(), "ContasPagar", "ValorParcela = 30000 AND CodCod = ''"), 3);
+    }
+
     // A bill whose third instalment the store refuses leaves no instalment behind.
     void novaContaInteiraOuNada_data() { linhasMotores(); }
     void novaContaInteiraOuNada()
