@@ -44,8 +44,7 @@ ContaReceber::ContaReceber(QWidget* pai) : QWidget(pai), m_destinoRecibo(Destino
     setAttribute(Qt::WA_DeleteOnClose);
     montaTela();
     Pintura::pinta(this);
-    QString erro;
-    m_banco = Conexoes::nova(&erro);
+    m_banco = Conexoes::nova(&m_erroConexao);
     poeLado(Modo::Receber);
 }
 
@@ -295,9 +294,8 @@ qint64 ContaReceber::encontrados() const { return m_modelo->temConvite() ? 0 : m
 
 void ContaReceber::pesquisa()
 {
-    if (!m_banco)
-        return Dialogos::erro(this, QStringLiteral("houve uma perda na comunicação ao banco de dados,"),
-                              QStringLiteral("Sem conexão com o banco de dados."));
+    if (!conectado())
+        return;
     const bool ok = executa(QStringLiteral("Erro ao carregar formulário,"), [&] {
         const Contas::Pesquisa p =
             Contas::pesquisa(*m_banco, m_lado, m_combo1->currentText(), m_text1->text(), m_dt->date());
@@ -426,6 +424,15 @@ void ContaReceber::erroBanco(const QString& titulo, const ErroBanco& e)
                    e.textoCompleto());
 }
 
+bool ContaReceber::conectado()
+{
+    if (m_banco)
+        return true;
+    Dialogos::erro(this, QStringLiteral("houve uma perda na comunicação ao banco de dados,"),
+                   m_erroConexao.isEmpty() ? QStringLiteral("Sem conexão com o banco de dados.") : m_erroConexao);
+    return false;
+}
+
 bool ContaReceber::executa(const QString& tituloErro, const std::function<void()>& acao)
 {
     try {
@@ -441,7 +448,7 @@ bool ContaReceber::executa(const QString& tituloErro, const std::function<void()
 
 void ContaReceber::confirma()
 {
-    if (!m_banco)
+    if (!conectado())
         return;
     const bool pagamento = !m_framePagamento->isHidden();
     const bool data = !m_frameData->isHidden();
@@ -481,7 +488,7 @@ void ContaReceber::confirma()
 
 void ContaReceber::exclui()
 {
-    if (!m_banco)
+    if (!conectado())
         return;
     bool confirmou = false;
     const bool ok = executa(QStringLiteral("Erro ao excluir o formulario"), [&] {
@@ -513,7 +520,7 @@ bool ContaReceber::imprime(const QSqlRecord& linha)
 
 void ContaReceber::imprimeRecibo()
 {
-    if (!m_banco)
+    if (!conectado())
         return;
     if (m_escolhida.vazia())
         return recusa(Recusa(QStringLiteral("Selecione um registro"), Recusa::Linha));
@@ -529,7 +536,7 @@ void ContaReceber::imprimeRecibo()
 
 bool ContaReceber::gravaNovaConta()
 {
-    if (!m_banco)
+    if (!conectado())
         return false;
     Contas::NovaConta c;
     c.modo = m_lado;

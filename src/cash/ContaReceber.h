@@ -66,7 +66,11 @@ private:
     bool imprime(const QSqlRecord& linha);
     void formataValor(QLineEdit* le);
 
+    // False, after telling why, when the screen has no connection to the store.
+    bool conectado();
+
     std::unique_ptr<Banco> m_banco;
+    QString m_erroConexao;
     Contas::Modo m_lado = Contas::Modo::Receber;
     Contas::Modo m_modoLista = Contas::Modo::Receber;
     Contas::Escolhida m_escolhida;

@@ -1,6 +1,5 @@
 #include "cash/Contas.h"
 
-#include <QSqlField>
 #include <QSqlQuery>
 
 #include "data/Banco.h"
@@ -31,7 +30,7 @@ constexpr int Aberto = 0;
 constexpr int MaxParcelas = 360;
 constexpr int MaxDias = 3650;
 
-bool pagar_(Modo m) { return m == Modo::Pagar; }
+bool ehPagar(Modo m) { return m == Modo::Pagar; }
 
 // The columns that play the same part on each side.
 QString colNome(Modo m)
@@ -39,11 +38,11 @@ QString colNome(Modo m)
     return m == Modo::Pagar ? QStringLiteral("Fornecedor")
                             : m == Modo::Cheques ? QStringLiteral("TitularConta") : QStringLiteral("NomeCliente");
 }
-QString colValorPago(Modo m) { return pagar_(m) ? QStringLiteral("ValorPago") : QStringLiteral("ValorRecebido"); }
-QString colTipoRecebido(Modo m) { return pagar_(m) ? QStringLiteral("TipoPagamento") : QStringLiteral("TipoRecebimento"); }
-QString colDocumento(Modo m) { return pagar_(m) ? QStringLiteral("CodDoc") : QStringLiteral("CodVenda"); }
-QString colForma(Modo m) { return pagar_(m) ? QStringLiteral("TipoConta") : QStringLiteral("TipoPagamento"); }
-QString colOrigem(Modo m) { return pagar_(m) ? QStringLiteral("Referente") : QStringLiteral("TipoVenda"); }
+QString colValorPago(Modo m) { return ehPagar(m) ? QStringLiteral("ValorPago") : QStringLiteral("ValorRecebido"); }
+QString colTipoRecebido(Modo m) { return ehPagar(m) ? QStringLiteral("TipoPagamento") : QStringLiteral("TipoRecebimento"); }
+QString colDocumento(Modo m) { return ehPagar(m) ? QStringLiteral("CodDoc") : QStringLiteral("CodVenda"); }
+QString colForma(Modo m) { return ehPagar(m) ? QStringLiteral("TipoConta") : QStringLiteral("TipoPagamento"); }
+QString colOrigem(Modo m) { return ehPagar(m) ? QStringLiteral("Referente") : QStringLiteral("TipoVenda"); }
 
 bool ehDinheiro(const QString& coluna)
 {
