@@ -21,7 +21,7 @@ QString serie(Motor m, qint64 ate)
     const QString n = QString::number(ate);
     return m == Motor::SQLite ? "(WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " + n +
                                     ") SELECT i FROM n) r"
-                              : "(SELECT i FROM generate_series(1, " + n + ") AS g(i)) r";
+                              : "(SELECT i FROM generate_series(CAST(1 AS bigint), " + n + ") AS g(i)) r";
 }
 
 // A day among three years' worth, as stored, `desvio` days before the i-th.
