@@ -29,6 +29,7 @@
 
 #include "BenchBancada.h"
 #include "BenchCaixa.h"
+#include "BenchContas.h"
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
 #include "BenchPesquisaOs.h"
@@ -450,6 +451,7 @@ int main(int argc, char** argv)
 
         medeEstoque(*b, m, nTextos);
         medePesquisaOs(*b, nTextos, m);
+        medeContas(*b, m, nTextos);
 
         QTextStream out(stdout);
         out << "Toldex " << TOLDEX_VERSAO << " — " << (c.motor == Motor::SQLite ? "SQLite" : "PostgreSQL") << ", "

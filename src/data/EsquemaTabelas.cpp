@@ -143,22 +143,27 @@ QList<DefTabela> monta()
         "NomeTecnico TipoAparelho TipoPorcentagem:F DataOS:Dt HoraSaida TipoVenda FormaPagamento "
         "Codvendedor NomeVendedor");
 
+    // The accounts screen lists open instalments by due date and finds names anywhere in
+    // the text: the pairs below answer its searches without a sort.
     t << tabela("ContasReceber", "Chave",
-        "CodCliente CodVenda:T:X NomeCliente:T:X ValorParcela:D ValorTotal:D NumeroParcela DataCompra:Dt "
+        "CodCliente CodVenda:T:X NomeCliente:T:MX ValorParcela:D ValorTotal:D NumeroParcela DataCompra:Dt:X "
         "DataVencimento:Dt:X TipoVenda TipoPagamento Funcionario Pendurado:I DataPagamento:Dt "
-        "TipoRecebimento ValorRecebido:D Observacao Quitado:F ValorTroco:D taxaJuros");
+        "TipoRecebimento ValorRecebido:D Observacao Quitado:F ValorTroco:D taxaJuros",
+        {{"Quitado", "DataVencimento"}, {"Quitado", "DataCompra"}});
 
     t << tabela("ContasPagar", "Codigo",
-        "Codigo:A CodFor CodCod Fornecedor:T:X CodDoc TipoConta Referente QtDias:I ValorTotal:D "
-        "ValorParcela:D ValorEntrada:D NumeroParcela DataCompra:Dt DataVencimento:Dt:X DataPagamento:Dt "
-        "ValorPago:D TipoPagamento Observacao Quitado:F Funcionario");
+        "Codigo:A CodFor CodCod Fornecedor:T:MX CodDoc TipoConta Referente QtDias:I ValorTotal:D "
+        "ValorParcela:D ValorEntrada:D NumeroParcela DataCompra:Dt:X DataVencimento:Dt:X DataPagamento:Dt "
+        "ValorPago:D TipoPagamento Observacao Quitado:F Funcionario",
+        {{"Quitado", "DataVencimento"}, {"Quitado", "DataCompra"}});
 
     t << tabela("CadastroCheque", "Chave",
         "Codcadastro:I:X CodVenda CodCliente:T:P NomeCliente:T:P CPFCNPJCliente TelCel NomeBanco "
         "NumeroAgencia NumeroConta:T:P NumeroCheque:T:P TitularConta:T:PM Endereco CpfCnpjTitular:T:P "
-        "ValorTotal:D ValorParcela:D DataVencimento:Dt:X NumeroParcela DataCompra:Dt TipoVenda "
+        "ValorTotal:D ValorParcela:D DataVencimento:Dt:X NumeroParcela DataCompra:Dt:X TipoVenda "
         "TipoPagamento Funcionario Excluidos:F Quitado:F DataPagamento:Dt TipoRecebimento ValorRecebido:D "
-        "Observacao");
+        "Observacao",
+        {{"Excluidos", "Quitado", "DataVencimento"}});
 
     t << tabela("Produto", "CodPecAut",
         "CodPecAut:A codpeca:T:PMX CodEAN13 CodDUN14 Descricao:T:PM Equivalente:T:PM Armazenado "
