@@ -30,6 +30,7 @@
 #include "BenchCaixa.h"
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
+#include "BenchPainel.h"
 #include "BenchProduto.h"
 #include "Carga.h"
 #include "Manutencao.h"
@@ -418,6 +419,7 @@ int main(int argc, char** argv)
             return -1;
         });
         medeEntrega(*b, m);
+        medePainel(*b, m);
 
         m << medeCaixa(*b);
 

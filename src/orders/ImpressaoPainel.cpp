@@ -14,8 +14,8 @@ struct Coluna {
     int x;  // twips from the left edge of the printable area
 };
 // Number, name, kind, model, the two telephones, the work: landscape is not needed at 8 points.
-const Coluna Colunas[] = {{"OS", 200},        {"Nome Cliente", 1000}, {"Tipo", 3900}, {"Modelo", 5000},
-                          {"Telefone", 6300}, {"Celular", 7700},      {"Servico", 9100}};
+const Coluna Colunas[] = {{"OS", 200},        {"Nome Cliente", 1000}, {"Tipo", 3900}, {"Modelo", 4700},
+                          {"Telefone", 5900}, {"Celular", 7300},      {"Servico", 8900}};
 
 void cabecalho(Impressora& p, const QString& titulo)
 {

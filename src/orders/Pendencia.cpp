@@ -1,5 +1,6 @@
 #include "orders/Pendencia.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDateEdit>
@@ -173,9 +174,10 @@ void Pendencia::montaTela()
     m_grade->setSelectionMode(QAbstractItemView::SingleSelection);
     m_grade->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_grade->verticalHeader()->hide();
+    m_grade->horizontalHeader()->setStretchLastSection(true);
     for (int i = 0; i < Titulos.size(); ++i) {
         if (i < 8)
-            m_grade->setColumnWidth(i, Larguras[i] / 15);
+            m_grade->setColumnWidth(i, Larguras[i] / 13);
         else
             m_grade->setColumnHidden(i, true);
     }
@@ -195,14 +197,14 @@ QWidget* Pendencia::montaFrame()
     m_frame = new QFrame(this);
     m_frame->setObjectName(QStringLiteral("FrameDados"));
     m_frame->setFrameShape(QFrame::StyledPanel);
-    m_frame->setFixedWidth(230);
+    m_frame->setFixedWidth(330);
     m_frame->setAutoFillBackground(true);
     auto* g = new QGridLayout(m_frame);
     auto rotulo = [this, g](const QString& texto, const QString& nome, int l) {
         g->addWidget(new QLabel(texto, m_frame), l, 0);
         auto* v = new QLabel(m_frame);
         v->setObjectName(nome);
-        g->addWidget(v, l, 1);
+        g->addWidget(v, l, 1, 1, 2);
         return v;
     };
     m_telefone = rotulo(QStringLiteral("Telefone:"), QStringLiteral("LblTelefone"), 0);
@@ -213,12 +215,12 @@ QWidget* Pendencia::montaFrame()
     m_dtEntrega->setObjectName(QStringLiteral("DtEntrega"));
     m_dtEntrega->setCalendarPopup(true);
     m_dtEntrega->setDisplayFormat(Datas::FormatoTela);
-    g->addWidget(m_dtEntrega, 3, 1);
+    g->addWidget(m_dtEntrega, 3, 1, 1, 2);
     m_imagem = new QLabel(m_frame);
     m_imagem->setObjectName(QStringLiteral("ImgAparelho"));
-    m_imagem->setFixedSize(200, 150);
+    m_imagem->setFixedSize(300, 200);
     m_imagem->setAlignment(Qt::AlignCenter);
-    g->addWidget(m_imagem, 4, 0, 1, 2);
+    g->addWidget(m_imagem, 4, 0, 1, 3);
     m_cStatus = new QComboBox(m_frame);
     m_cStatus->setObjectName(QStringLiteral("CStatus"));
     m_cStatus->addItem(QStringLiteral("Sem Resposta"), 0);
@@ -230,7 +232,7 @@ QWidget* Pendencia::montaFrame()
         m_statusSituacao = m_cStatus->itemData(i).toInt();
         m_status[3]->setEnabled(true);
     });
-    g->addWidget(m_cStatus, 5, 0, 1, 2);
+    g->addWidget(m_cStatus, 5, 0, 1, 3);
     const QStringList textos = {QStringLiteral("Autorizado"), QStringLiteral("Recusado"), QStringLiteral("Indeciso"),
                                 QStringLiteral("Salvar"), QStringLiteral("Entregar")};
     for (int i = 0; i < textos.size(); ++i) {
@@ -424,7 +426,7 @@ void Pendencia::escolheLinha(int linha)
     m_dtEntrega->setDate(Datas::lerBanco(l.DataEntrega).value_or(QDate::currentDate()));
     QPixmap foto(l.Img1Aparelho);
     if (foto.isNull())
-        foto = windowIcon().pixmap(64, 64);
+        foto = QApplication::windowIcon().pixmap(128, 128);
     m_imagem->setPixmap(foto.scaled(m_imagem->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
     // The first situation that holds, in the order the counter reads them.
     int indice = 0;
