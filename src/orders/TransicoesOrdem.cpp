@@ -237,17 +237,16 @@ void salvarNoPainel(Banco& banco, const LinhaPainel& lida, Lista lista, std::opt
     atual.Saida = q.value(6).toLongLong() != 0;
     atual.OrdemBloqueada = q.value(8).toLongLong() != 0;
     atual.DataEntrega = q.value(9).toString();
+    const bool novaSituacao = situacao && *situacao != Situacao::Nenhuma && *situacao != EstadoOrdem::situacao(atual);
+    // The bench's locks, on the row as stored: an answer alone may go on a locked budget.
+    if (auto r = TravaOrdem::verificarAlteracao(atual.Saida, atual.OrdemBloqueada && novaSituacao, TelaOrdem::Bancada))
+        throw OrdemRecusada(*r);
     // A panel left open since the bench saved "Consertado." must not put the order back
     // where it stood: what was listed has to be what is stored.
     if (atual.Consertado != lida.Consertado || atual.Orcamento != lida.Orcamento
         || atual.AguardaPeca != lida.AguardaPeca || atual.Devolver != lida.Devolver
         || atual.Aprovado != lida.Aprovado || atual.Recusado != lida.Recusado || atual.Saida)
         throw RegistroAlterado(false);
-
-    const bool novaSituacao = situacao && *situacao != Situacao::Nenhuma && *situacao != EstadoOrdem::situacao(atual);
-    // The bench's locks, on the row as stored: an answer alone may go on a locked budget.
-    if (auto r = TravaOrdem::verificarAlteracao(atual.Saida, atual.OrdemBloqueada && novaSituacao, TelaOrdem::Bancada))
-        throw OrdemRecusada(*r);
 
     QStringList sets = {QStringLiteral("DataContato = ?")};
     QVariantList valores = {Datas::hoje()};

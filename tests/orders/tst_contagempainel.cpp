@@ -279,6 +279,25 @@ private slots:
         QCOMPARE(EstadoOrdem::resposta(*depois), EstadoOrdem::resposta(*antes));
     }
 
+    // Closed at the till after the list was read: without DireitoAltOs the bench's word and
+    // the password of someone who has it; with it, the list is simply out of date.
+    void fechadaDepoisDeListada_data() { linhasMotores(); }
+    void fechadaDepoisDeListada()
+    {
+        BANCO_DO_MOTOR(b);
+        const qint64 k = ordemCom(b.banco(), 3, "Consertado Aprovado");
+        const LinhaPainel l = listada(b.banco(), Lista::Consertado, k);
+        b->executar("UPDATE OrdemServico SET Saida = -1 WHERE CodOsAut = ?", {k});
+        sessao().DireitoAltOs = 0;
+        const auto r = recusada([&] {
+            TransicoesOrdem::salvarNoPainel(b.banco(), l, Lista::Consertado, std::nullopt, Resposta::Recusado, {});
+        });
+        QVERIFY(r);
+        QCOMPARE(int(r->seguimento), int(Recusa::SenhaLiberaAltOs));
+        QCOMPARE(r->mensagem, QString("Esta ordem de serviço foi finalizada,você não tem permissão para alterar."));
+        QCOMPARE(b->escalar("SELECT Recusado FROM OrdemServico WHERE CodOsAut = ?", {k}).toInt(), 0);
+    }
+
     // A panel left open while the bench saved: what the bench did stays.
     void outraEstacaoMudou_data()
     {
