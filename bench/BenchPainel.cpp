@@ -21,8 +21,11 @@ void medePainel(Banco& banco, QList<Medida>& m)
                   return c.abertas;
               },
               [&](const QString&) {
-                  // The bare reading of the open orders through their index.
-                  return banco.escalar("SELECT COUNT(*) FROM OrdemServico WHERE Saida = 0 AND Excluidos = 0").toInt();
+                  // The bare reading of every open order with its dates, through their index.
+                  return banco
+                      .escalar("SELECT COUNT(*), MAX(DataEntrega), MAX(HoraSolicitada) FROM OrdemServico "
+                               "WHERE Saida = 0 AND Excluidos = 0")
+                      .toInt();
               });
 
     m << mede("Painel: linhas \"Na Fila\" na tela", 50, repete,

@@ -11,16 +11,18 @@ namespace {
 
 QString soma(const Condicao& c)
 {
-    return QStringLiteral("SUM(CASE WHEN %1 THEN 1 ELSE 0 END)").arg(c.sql);
+    return QStringLiteral("SUM(CASE WHEN %1 THEN n ELSE 0 END)").arg(c.sql);
 }
 
 } // namespace
 
 ContagemPainel ler(Banco& banco)
 {
-    // Each list's own conditions, summed over the one reading of the open orders: the
-    // counts can't drift from the rows the list shows.
-    QStringList colunas = {QStringLiteral("COUNT(*)")};
+    // One pass over the open orders, grouped by the flags of their index (a few dozen
+    // groups at most), with the earliest dates of each group. Each list's own conditions
+    // are then summed over the groups: the counts can't drift from the rows the list shows,
+    // and the conditions are worked a few dozen times instead of once per order.
+    QStringList colunas = {QStringLiteral("SUM(n)")};
     QVariantList valores;
     QList<QPair<Lista, int>> posicoes;
     for (Lista l : ListasPainel::ordemAtualizacao())
@@ -31,16 +33,19 @@ ContagemPainel ler(Banco& banco)
         }
     const Condicao autorizado = ListasPainel::condicoes(Lista::Autorizado).constFirst();
     const Condicao retirada = ListasPainel::condicoes(Lista::Visita).constFirst();
-    colunas << QStringLiteral("MIN(CASE WHEN %1 AND DataEntrega <> '' THEN DataEntrega END)").arg(autorizado.sql);
+    colunas << QStringLiteral("MIN(CASE WHEN %1 THEN entrega END)").arg(autorizado.sql);
     valores << autorizado.valores;
-    colunas << QStringLiteral("MIN(CASE WHEN %1 AND DataEntrega <> '' AND HoraSolicitada <> '' "
-                              "THEN DataEntrega || ' ' || HoraSolicitada END)")
-                   .arg(retirada.sql);
+    colunas << QStringLiteral("MIN(CASE WHEN %1 THEN solicitada END)").arg(retirada.sql);
     valores << retirada.valores;
+    const QString flags = QStringLiteral("Consertado, Orcamento, AguardaPeca, Devolver, Aprovado, Recusado, ChamadoTecnico");
+    const QString grupos = QStringLiteral(
+        "SELECT %1, 0 AS Saida, 0 AS Excluidos, COUNT(*) AS n, "
+        "MIN(CASE WHEN DataEntrega <> '' THEN DataEntrega END) AS entrega, "
+        "MIN(CASE WHEN DataEntrega <> '' AND HoraSolicitada <> '' THEN DataEntrega || ' ' || HoraSolicitada END) "
+        "AS solicitada FROM OrdemServico WHERE Saida = 0 AND Excluidos = 0 GROUP BY %1").arg(flags);
 
     ContagemPainel r;
-    QSqlQuery q = banco.executar(QStringLiteral("SELECT %1 FROM OrdemServico WHERE Saida = 0 AND Excluidos = 0")
-                                     .arg(colunas.join(QStringLiteral(", "))),
+    QSqlQuery q = banco.executar(QStringLiteral("SELECT %1 FROM (%2) g").arg(colunas.join(QStringLiteral(", ")), grupos),
                                  valores);
     if (q.next()) {
         r.abertas = q.value(0).toInt();
