@@ -13,6 +13,7 @@
 #include "data/Datas.h"
 #include "data/Sessao.h"
 #include "orders/Pendencia.h"
+#include "registers/EntregaTelas.h"
 #include "ui/AcoesSenha.h"
 #include "ui/AmbienteTela.h"
 #include "ui/Dialogos.h"
@@ -448,6 +449,23 @@ private slots:
         busca->setText("9");
         QTest::keyClick(busca, Qt::Key_Return);
         QCOMPARE(grade()->item(grade()->currentRow(), 0)->text(), QString("120"));
+    }
+
+    // The bench, delivery and the till ask after a save; the open list follows too.
+    void atualizadaPorOutraTela()
+    {
+        QVERIFY(ambiente(Motor::SQLite));
+        const qint64 k = ordem(1, "Orcamento");
+        abre();
+        lista(4);
+        QCOMPARE(grade()->rowCount(), 1);
+        b->banco().executar("UPDATE OrdemServico SET Orcamento = 0, AguardaPeca = -1 WHERE CodOsAut = ?", {k});
+        ordem(2, "Orcamento");
+        QCOMPARE(EntregaTelas::abrirCom("Pendencia", EntregaTelas::AtualizaPainel, {}), tela);
+        QCOMPARE(botao(1)->text(), QString("1"));
+        QCOMPARE(botao(4)->text(), QString("1"));
+        QCOMPARE(grade()->rowCount(), 1);
+        QCOMPARE(grade()->item(0, 0)->text(), QString("2"));
     }
 
     void listaVaziaRecolhe()
