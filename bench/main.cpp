@@ -33,6 +33,7 @@
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
 #include "BenchPesquisaOs.h"
+#include "BenchPainel.h"
 #include "BenchProduto.h"
 #include "Carga.h"
 #include "Manutencao.h"
@@ -422,6 +423,7 @@ int main(int argc, char** argv)
         });
         medeEntrega(*b, m);
         medeBancada(*b, m);
+        medePainel(*b, m);
 
         m << medeCaixa(*b);
 

@@ -12,7 +12,7 @@ namespace {
 
 const QString colunasGrade = QStringLiteral(
     "CodOs,NomeCliente,Tipo,Modelo,Telefone,Celular,DataContato,DataEntrega,CodOsAut,Valorpagar,Img1Aparelho,"
-    "Consertado,Orcamento,Aguardapeca,Devolver,ServicoExecutado,HoraSolicitada");
+    "Consertado,Orcamento,Aguardapeca,Devolver,ServicoExecutado,HoraSolicitada,Aprovado,Recusado");
 
 // The flag columns of the index of open orders, in its key order.
 const QStringList colunasDoIndice = {"Consertado", "Orcamento", "AguardaPeca", "Devolver",
@@ -146,6 +146,8 @@ QList<LinhaPainel> linhas(Banco& banco, Lista l)
             p.Devolver = q.value(14).toLongLong() != 0;
             p.ServicoExecutado = q.value(15).toString();
             p.HoraSolicitada = q.value(16).toString();
+            p.Aprovado = q.value(17).toLongLong() != 0;
+            p.Recusado = q.value(18).toLongLong() != 0;
             if (l == Lista::Visita) {
                 p.Tipo = QStringLiteral("Retirar");
                 p.DiaPrometido = diaComHora(p.DataEntrega, p.HoraSolicitada);

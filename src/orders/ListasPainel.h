@@ -31,6 +31,7 @@ struct LinhaPainel {
     QString Img1Aparelho;
     bool Consertado = false, Orcamento = false, AguardaPeca = false, Devolver = false;
     QString ServicoExecutado;
+    bool Aprovado = false, Recusado = false;  // the answer as it was read, for the panel's write
     QString DiaPrometido;  // as the grid shows it, "dd/MM/yyyy" (list 9: "dd/MM/yyyy--HH:mm")
     QString HoraSolicitada;
     bool visita = false;

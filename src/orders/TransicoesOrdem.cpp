@@ -213,14 +213,47 @@ void autorizarNaBancada(Ordem& o)
     o.Garantia = false;
 }
 
-void salvarNoPainel(Banco& banco, qint64 codOsAut, Lista lista, std::optional<Situacao> situacao,
+void salvarNoPainel(Banco& banco, const LinhaPainel& lida, Lista lista, std::optional<Situacao> situacao,
                     std::optional<Resposta> resposta, const QDate& diaPrometido)
 {
-    if (!ListasPainel::podeAbrir(lista))
-        throw OrdemRecusada(Recusa::negado());
-    QStringList sets = {QStringLiteral("DataEntrega = ?"), QStringLiteral("DataContato = ?")};
-    QVariantList valores = {texto(diaPrometido.isValid() ? Datas::paraBanco(diaPrometido) : QString()), Datas::hoje()};
-    if (situacao && *situacao != Situacao::Nenhuma) {
+    // Reading a list is not enough to change it: the change right of the screen the list
+    // belongs to.
+    exigir(ListasPainel::abreNaBancada(lista) ? sessao().DireitoOsTecAl : sessao().DireitoOsSaiAl);
+    Transacao tr(banco);
+    QSqlQuery q = banco.lerTravando(
+        QStringLiteral("SELECT Consertado, Orcamento, AguardaPeca, Devolver, Aprovado, Recusado, Saida, Excluidos, "
+                       "OrdemBloqueada, DataEntrega FROM OrdemServico WHERE CodOsAut = ?"),
+        {lida.CodOsAut});
+    if (!q.next() || q.value(7).toLongLong() != 0)
+        throw RegistroAlterado(true);
+    Ordem atual;
+    atual.Consertado = q.value(0).toLongLong() != 0;
+    atual.Orcamento = q.value(1).toLongLong() != 0;
+    atual.AguardaPeca = q.value(2).toLongLong() != 0;
+    atual.Devolver = q.value(3).toLongLong() != 0;
+    atual.Aprovado = q.value(4).toLongLong() != 0;
+    atual.Recusado = q.value(5).toLongLong() != 0;
+    atual.Saida = q.value(6).toLongLong() != 0;
+    atual.OrdemBloqueada = q.value(8).toLongLong() != 0;
+    atual.DataEntrega = q.value(9).toString();
+    const bool novaSituacao = situacao && *situacao != Situacao::Nenhuma && *situacao != EstadoOrdem::situacao(atual);
+    // The bench's locks, on the row as stored: an answer alone may go on a locked budget.
+    if (auto r = TravaOrdem::verificarAlteracao(atual.Saida, atual.OrdemBloqueada && novaSituacao, TelaOrdem::Bancada))
+        throw OrdemRecusada(*r);
+    // A panel left open since the bench saved "Consertado." must not put the order back
+    // where it stood: what was listed has to be what is stored.
+    if (atual.Consertado != lida.Consertado || atual.Orcamento != lida.Orcamento
+        || atual.AguardaPeca != lida.AguardaPeca || atual.Devolver != lida.Devolver
+        || atual.Aprovado != lida.Aprovado || atual.Recusado != lida.Recusado || atual.Saida)
+        throw RegistroAlterado(false);
+
+    QStringList sets = {QStringLiteral("DataContato = ?")};
+    QVariantList valores = {Datas::hoje()};
+    if (diaPrometido.isValid() && Datas::paraBanco(diaPrometido) != atual.DataEntrega) {
+        sets << QStringLiteral("DataEntrega = ?");
+        valores << Datas::paraBanco(diaPrometido);
+    }
+    if (novaSituacao) {
         Ordem o;
         EstadoOrdem::definirSituacao(o, *situacao);
         sets << QStringLiteral("Consertado = ?") << QStringLiteral("Orcamento = ?")
@@ -228,15 +261,16 @@ void salvarNoPainel(Banco& banco, qint64 codOsAut, Lista lista, std::optional<Si
         valores << (o.Consertado ? -1 : 0) << (o.Orcamento ? -1 : 0) << (o.AguardaPeca ? -1 : 0)
                 << (o.Devolver ? -1 : 0);
     }
-    if (resposta) {
+    if (resposta && *resposta != EstadoOrdem::resposta(atual)) {
         Ordem o;
         EstadoOrdem::definirResposta(o, *resposta);
         sets << QStringLiteral("Aprovado = ?") << QStringLiteral("Recusado = ?");
         valores << (o.Aprovado ? -1 : 0) << (o.Recusado ? -1 : 0);
     }
-    valores << codOsAut;
+    valores << lida.CodOsAut;
     banco.executar(QStringLiteral("UPDATE OrdemServico SET %1 WHERE CodOsAut = ?").arg(sets.join(QStringLiteral(", "))),
                    valores);
+    tr.commit();
 }
 
 QString textoConfirmaPainel(const QString& codOs, const QString& nome, const QString& tipo)

@@ -43,9 +43,10 @@ void removerPeca(Ordem& o, int indice);
 void autorizarNaBancada(Ordem& o);
 
 // 4 and 5. The panel's "Salvar": the situation and the answer chosen (nothing chosen,
-// nothing changed), the promised day and today's contact, straight to the store.
-// Guarded by the list's right.
-void salvarNoPainel(Banco& banco, qint64 codOsAut, Lista lista, std::optional<Situacao> situacao,
+// nothing changed), the promised day and today's contact, on the row read again by its
+// key. Guarded by the change right of the list's screen and the bench's locks; a row
+// whose situation or answer is no longer what the list showed throws RegistroAlterado.
+void salvarNoPainel(Banco& banco, const LinhaPainel& lida, Lista lista, std::optional<Situacao> situacao,
                     std::optional<Resposta> resposta, const QDate& diaPrometido);
 QString textoConfirmaPainel(const QString& codOs, const QString& nome, const QString& tipo);
 

@@ -161,8 +161,9 @@ private slots:
         GravacaoOrdem::gravar(b.banco(), o, {}, std::nullopt);
         // The panel of another station records the promised day meanwhile.
         auto outra = b.outraConexao();
-        TransicoesOrdem::salvarNoPainel(*outra, o.CodOsAut, Lista::NaFila, std::nullopt, std::nullopt,
-                                        QDate(2026, 5, 4));
+        LinhaPainel listada;
+        listada.CodOsAut = o.CodOsAut;
+        TransicoesOrdem::salvarNoPainel(*outra, listada, Lista::NaFila, std::nullopt, std::nullopt, QDate(2026, 5, 4));
         o.Observacao = QStringLiteral("trocar tela");
         GravacaoOrdem::gravar(b.banco(), o, {}, TelaOrdem::Entrada);
         const auto lida = GravacaoOrdem::carregar(b.banco(), o.CodOsAut);

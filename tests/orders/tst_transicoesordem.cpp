@@ -153,38 +153,6 @@ private slots:
         QVERIFY(!g.Aprovado);
     }
 
-    // 4 and 5
-    void painel_data() { linhasMotores(); }
-    void painel()
-    {
-        BANCO_DO_MOTOR(b);
-        Ordem o = ordem(QStringLiteral("LUCIA"));
-        o.Orcamento = o.OrdemBloqueada = true;
-        o.OsAlterado = QStringLiteral("BETO");
-        o = guardada(b.banco(), o);
-        salvarNoPainel(b.banco(), o.CodOsAut, Lista::Pendente, Situacao::Consertado, Resposta::Aprovado,
-                       QDate(2026, 6, 1));
-        Ordem l = relida(b.banco(), o);
-        QVERIFY(l.Consertado && !l.Orcamento && l.Aprovado && !l.Recusado);
-        QCOMPARE(l.DataEntrega, QString("2026/06/01"));
-        QCOMPARE(l.DataContato, Datas::hoje());
-        QVERIFY(!l.Contato && l.OrdemBloqueada);
-        QCOMPARE(l.OsAlterado, QString("BETO"));
-        // Nothing chosen: the groups stay; "Indeciso" clears the answer.
-        salvarNoPainel(b.banco(), o.CodOsAut, Lista::Pendente, std::nullopt, Resposta::Indeciso, QDate(2026, 6, 2));
-        l = relida(b.banco(), o);
-        QVERIFY(l.Consertado && !l.Aprovado && !l.Recusado);
-        // The right follows the list: delivery lists need DireitoOsSaiLe.
-        sessao().DireitoOsSaiLe = 0;
-        QCOMPARE(recusada([&] {
-                     salvarNoPainel(b.banco(), o.CodOsAut, Lista::Consertado, Situacao::Devolver, std::nullopt, {});
-                 }).seguimento,
-                 Recusa::Negado);
-        salvarNoPainel(b.banco(), o.CodOsAut, Lista::NaFila, Situacao::Devolver, std::nullopt, QDate(2026, 6, 3));
-        QVERIFY(relida(b.banco(), o).Devolver);
-        QCOMPARE(textoConfirmaPainel("7", "LUCIA", "TV"), QString("Confirma alteração \n O.S: 7 - LUCIA - TV"));
-    }
-
     // 6
     void respostaNaEntrega_data()
     {
