@@ -30,6 +30,7 @@
 #include "BenchCaixa.h"
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
+#include "BenchMovimento.h"
 #include "BenchProduto.h"
 #include "Carga.h"
 #include "Manutencao.h"
@@ -446,6 +447,7 @@ int main(int argc, char** argv)
         }
 
         medeEstoque(*b, m, nTextos);
+        m << medeMovimento(*b, ordens);
 
         QTextStream out(stdout);
         out << "Toldex " << TOLDEX_VERSAO << " — " << (c.motor == Motor::SQLite ? "SQLite" : "PostgreSQL") << ", "
