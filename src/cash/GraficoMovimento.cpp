@@ -6,6 +6,7 @@
 #include <QChartView>
 #include <QLineSeries>
 #include <QStackedBarSeries>
+#include <QPen>
 #include <QValueAxis>
 #include <QVBoxLayout>
 
@@ -43,6 +44,10 @@ void GraficoMovimento::mostra(const MovimentoCaixa::Lista& lista, const QDate& d
     auto* maoObra = new QBarSet(QStringLiteral("Mão de obra"));
     auto* lucro = new QLineSeries;
     lucro->setName(QStringLiteral("Lucro P + M - D"));
+    QPen caneta(QColor(0xC0, 0x39, 0x2B));
+    caneta.setWidth(3);
+    lucro->setPen(caneta);
+    lucro->setPointsVisible(true);
     QStringList rotulos;
     double menor = 0, maior = 0;
     for (int i = 0; i < m_pontos.size(); ++i) {
@@ -67,6 +72,7 @@ void GraficoMovimento::mostra(const MovimentoCaixa::Lista& lista, const QDate& d
     auto* eixoY = new QValueAxis;
     eixoY->setLabelFormat(QStringLiteral("%.2f"));
     eixoY->setRange(menor, maior > menor ? maior * 1.1 : menor + 1);
+    eixoY->applyNiceNumbers();
     grafico->addAxis(eixoX, Qt::AlignBottom);
     grafico->addAxis(eixoY, Qt::AlignLeft);
     for (QAbstractSeries* s : grafico->series()) {

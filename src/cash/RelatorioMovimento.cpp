@@ -198,7 +198,14 @@ void linhaImpressa(Impressora& p, const QList<ColunaImpressa>& colunas, const QS
 
 void imprimir(const Lista& lista, Impressora& p)
 {
-    const QList<ColunaImpressa> colunas = resumo(lista.visao) ? colunasResumo() : colunasDetalhe();
+    QList<ColunaImpressa> colunas = resumo(lista.visao) ? colunasResumo() : colunasDetalhe();
+    // The positions are laid out for a page 16,900 twips wide; a narrower paper keeps them
+    // in proportion so that the time still prints.
+    constexpr int LarguraDesenhada = 16900;
+    if (p.width() < LarguraDesenhada)
+        for (ColunaImpressa& col : colunas)
+            col.x = 200 + int(qint64(col.x - 200) * (p.width() - 200 - Impressora::MargemDireita - 500) /
+                              (LarguraDesenhada - 900));
     QStringList titulosImpressos;
     for (const ColunaImpressa& col : colunas)
         titulosImpressos << col.titulo;
