@@ -294,6 +294,41 @@ private slots:
         QVERIFY(Dialogos::Roteiro::registros().isEmpty());
     }
 
+    void visoesDoSeletor_data()
+    {
+        QTest::addColumn<int>("motor");
+        QTest::addColumn<QString>("visao");
+        QTest::addColumn<QStringList>("vendas");
+        for (auto [m, nome] : {std::pair{Motor::SQLite, "sqlite"}, std::pair{Motor::PostgreSQL, "postgres"}}) {
+            auto caso = [&](const char* c) {
+                return &(QTest::newRow(qPrintable(QStringLiteral("%1: %2").arg(nome, c))) << int(m));
+            };
+            *caso("everything") << "Mostra Tudo" << QStringList{"1", "2", "3"};
+            *caso("product sales") << "Venda Produto" << QStringList{"1"};
+            *caso("repairs") << "Saída Conserto" << QStringList{"2"};
+            *caso("technician typed in part") << "Técnico" << QStringList{"3"};
+            *caso("summaries") << "Simples" << QStringList{"7"};
+        }
+    }
+    void visoesDoSeletor()
+    {
+        QFETCH(int, motor);
+        QFETCH(QString, visao);
+        QFETCH(QStringList, vendas);
+        if (!preparar(motor))
+            QSKIP(qPrintable(b->motivo()));
+        const QString hoje = Datas::hoje();
+        linha(b->banco(), "VendaDetalhada", {{"CodVenda", 1}, {"Data", hoje}, {"TipoVenda", "Venda Produto"}, {"Tecnico", "BRUNO"}});
+        linha(b->banco(), "VendaDetalhada", {{"CodVenda", 2}, {"Data", hoje}, {"TipoVenda", "Conserto"}, {"Tecnico", "BRUNO"}});
+        linha(b->banco(), "VendaDetalhada", {{"CodVenda", 3}, {"Data", hoje}, {"TipoVenda", "Visita"}, {"Tecnico", "CARLOS"}});
+        linha(b->banco(), "Movimento", {{"CodVenda", 7}, {"Data", hoje}, {"TipoVenda", "Conserto"}});
+        Movimento* t = abre();
+        t->findChild<QComboBox*>("Combo1")->setCurrentText(visao);
+        t->findChild<QComboBox*>("CTec")->setCurrentText("carl");
+        botao(t, 0)->click();
+        QCOMPARE(coluna(t, CodVenda), vendas);
+    }
+
     void buscaSoDasLinhasNoResumo()
     {
         QVERIFY(preparar(int(Motor::SQLite)));
