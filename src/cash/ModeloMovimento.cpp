@@ -1,5 +1,8 @@
 #include "cash/ModeloMovimento.h"
 
+#include <QHeaderView>
+#include <QTableView>
+
 using namespace MovimentoCaixa;
 
 void ModeloMovimento::defineColunas(const QList<int>& colunas)
@@ -43,4 +46,16 @@ QVariant ModeloMovimento::headerData(int secao, Qt::Orientation o, int papel) co
     if (o == Qt::Horizontal && papel == Qt::DisplayRole)
         return titulos().value(coluna(secao));
     return QAbstractTableModel::headerData(secao, o, papel);
+}
+
+QTableView* ModeloMovimento::novaGrade(QWidget* pai)
+{
+    auto* g = new QTableView(pai);
+    g->setObjectName(QStringLiteral("LMov"));
+    g->setModel(this);
+    g->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    g->setSelectionBehavior(QAbstractItemView::SelectRows);
+    g->verticalHeader()->setDefaultSectionSize(20);
+    g->verticalHeader()->hide();
+    return g;
 }

@@ -2,6 +2,9 @@
 #include <QAbstractTableModel>
 #include <memory>
 
+class QTableView;
+class QWidget;
+
 #include "cash/MovimentoCaixa.h"
 
 // The cash report's list as a grid: the rows were read and walked once, so the grid only
@@ -21,6 +24,9 @@ public:
     int columnCount(const QModelIndex& pai = {}) const override;
     QVariant data(const QModelIndex& i, int papel = Qt::DisplayRole) const override;
     QVariant headerData(int secao, Qt::Orientation o, int papel = Qt::DisplayRole) const override;
+
+    // A read-only grid "LMov" over this model, a row per line.
+    QTableView* novaGrade(QWidget* pai);
 
 private:
     int coluna(int secao) const { return m_colunas.isEmpty() ? secao : m_colunas.value(secao); }

@@ -137,13 +137,7 @@ Movimento::Movimento(QWidget* pai) : QWidget(pai)
     raiz->addWidget(m_frame);
 
     m_modelo = new ModeloMovimento(this);
-    m_grade = new QTableView(this);
-    m_grade->setObjectName(QStringLiteral("LMov"));
-    m_grade->setModel(m_modelo);
-    m_grade->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_grade->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_grade->verticalHeader()->setDefaultSectionSize(20);
-    m_grade->verticalHeader()->hide();
+    m_grade = m_modelo->novaGrade(this);
     m_grade->horizontalHeader()->setDefaultSectionSize(82);
     raiz->addWidget(m_grade, 1);
     m_grade->setColumnWidth(Descricao, 220);

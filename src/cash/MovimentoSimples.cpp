@@ -1,6 +1,5 @@
 #include "cash/MovimentoSimples.h"
 
-#include <QHeaderView>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -19,13 +18,7 @@ MovimentoSimples::MovimentoSimples(QWidget* pai) : QWidget(pai)
     m_modelo->defineColunas({Cod, CodAutVen, CodAutOS, CodVenda, Quantidade_, ValTotal, ValDescontoVenda, ValPago,
                              ValTroco, FormaPagamento, TipoVenda, TipoAparelho, Tecnico, Vendedor, Caixa, Data, Hora,
                              Cliente});
-    m_grade = new QTableView(this);
-    m_grade->setObjectName(QStringLiteral("LMov"));
-    m_grade->setModel(m_modelo);
-    m_grade->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_grade->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_grade->verticalHeader()->setDefaultSectionSize(20);
-    m_grade->verticalHeader()->hide();
+    m_grade = m_modelo->novaGrade(this);
     raiz->addWidget(m_grade);
     resize(1000, 420);
     Pintura::pinta(this);
