@@ -67,6 +67,9 @@ void encher(Banco& b, qint64 ordens)
         }
         tr.commit();
     }
+    // The planner learns how the dates spread before the first list.
+    b.executar("ANALYZE Movimento");
+    b.executar("ANALYZE VendaDetalhada");
 }
 
 } // namespace
