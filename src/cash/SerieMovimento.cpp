@@ -19,13 +19,18 @@ QList<Ponto> pontos(const MovimentoCaixa::Lista& lista, const QDate& de, const Q
         p.rotulo = d.toString(mes ? QStringLiteral("MM/yyyy") : QStringLiteral("dd/MM"));
         r << p;
     }
+    // The rows come day after day: a date is read once for its run of rows.
+    QString diaAnterior;
+    qint64 i = -1;
     for (const MovimentoCaixa::Linha& l : lista.linhas) {
-        const std::optional<QDate> dia = Datas::lerBanco(l.data);
-        if (!dia)
-            continue;
-        const QDate chave = inicio(*dia);
-        const qint64 i = mes ? (chave.year() - r.first().inicio.year()) * 12 + chave.month() - r.first().inicio.month()
-                             : r.first().inicio.daysTo(chave);
+        if (l.data != diaAnterior) {
+            diaAnterior = l.data;
+            const std::optional<QDate> dia = Datas::lerBanco(l.data);
+            const QDate chave = dia ? inicio(*dia) : QDate();
+            i = !dia ? -1
+                : mes ? (chave.year() - r.first().inicio.year()) * 12 + chave.month() - r.first().inicio.month()
+                      : r.first().inicio.daysTo(chave);
+        }
         if (i < 0 || i >= r.size())
             continue;
         Ponto& p = r[int(i)];
