@@ -92,7 +92,7 @@ QList<Medida> medeMovimento(Banco& b, qint64 ordens)
         return std::pair{d, d.addMonths(1).addDays(-1)};
     };
     auto cruDetalhe = [&b](const QDate& de, const QDate& ate) {
-        QSqlQuery q = b.executar("SELECT * FROM VendaDetalhada WHERE Data >= ? AND Data <= ? ORDER BY CodDet",
+        QSqlQuery q = b.executar("SELECT * FROM VendaDetalhada WHERE Data >= ? AND Data <= ? ORDER BY Data, CodDet",
                                  {de.toString("yyyy/MM/dd"), ate.toString("yyyy/MM/dd")});
         int n = 0;
         while (q.next())

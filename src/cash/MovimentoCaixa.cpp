@@ -66,7 +66,9 @@ Consulta visao(Visao v, Filtro f, const QString& tecnico, const QDate& de, const
 {
     Consulta c;
     c.visao = v;
-    c.ordem = chave(v);
+    // The rows in the order they were posted; by day first, so the date index that picks
+    // the range also gives the order, with no sort of a month's rows.
+    c.ordem = QStringLiteral("Data, ") + chave(v);
     QString cond;
     QVariantList valores;
     if (!resumo(v)) {
