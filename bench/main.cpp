@@ -32,8 +32,9 @@
 #include "BenchContas.h"
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
-#include "BenchPesquisaOs.h"
+#include "BenchMovimento.h"
 #include "BenchPainel.h"
+#include "BenchPesquisaOs.h"
 #include "BenchProduto.h"
 #include "Carga.h"
 #include "Manutencao.h"
@@ -454,6 +455,7 @@ int main(int argc, char** argv)
         medeEstoque(*b, m, nTextos);
         medePesquisaOs(*b, nTextos, m);
         medeContas(*b, m, nTextos);
+        m << medeMovimento(*b, ordens);
 
         QTextStream out(stdout);
         out << "Toldex " << TOLDEX_VERSAO << " — " << (c.motor == Motor::SQLite ? "SQLite" : "PostgreSQL") << ", "

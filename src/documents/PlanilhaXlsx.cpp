@@ -34,8 +34,10 @@ bool PlanilhaXlsx::abrir(const QString& arquivo, const QString& nomeFolha, QStri
     lxw_workbook_options opcoes{};
     opcoes.constant_memory = LXW_TRUE;
     m_livro = workbook_new_opt(m_temporarioLocal.constData(), &opcoes);
-    if (m_livro)
-        m_folha = workbook_add_worksheet(m_livro, nomeFolha.toUtf8().constData());
+    if (m_livro) {
+        m_nomeFolha = nomeFolha.toUtf8();
+        m_folha = workbook_add_worksheet(m_livro, m_nomeFolha.constData());
+    }
     if (!m_livro || !m_folha) {
         descartar();
         if (erro)
@@ -103,6 +105,49 @@ void PlanilhaXlsx::filtro(int primeiraLinha, int primeiraColuna, int ultimaLinha
 {
     if (m_folha)
         worksheet_autofilter(m_folha, primeiraLinha, primeiraColuna, ultimaLinha, ultimaColuna);
+}
+
+bool PlanilhaXlsx::novaFolha(const QString& nome)
+{
+    if (!m_livro)
+        return false;
+    // The name must outlive the calls that refer to the sheet by it (the chart's ranges).
+    m_nomeFolha = nome.toUtf8();
+    m_folha = workbook_add_worksheet(m_livro, m_nomeFolha.constData());
+    return m_folha != nullptr;
+}
+
+void PlanilhaXlsx::grafico(const QString& titulo, int primeira, int ultima, int rotulos, const QList<int>& empilhadas,
+                           int linha, int naLinha, int naColuna)
+{
+    if (!m_livro || !m_folha || ultima < primeira)
+        return;
+    const char* folha = m_nomeFolha.constData();
+    auto serie = [&](lxw_chart* g, int coluna) {
+        lxw_chart_series* s = chart_add_series(g, nullptr, nullptr);
+        chart_series_set_categories(s, folha, primeira, rotulos, ultima, rotulos);
+        chart_series_set_values(s, folha, primeira, coluna, ultima, coluna);
+        chart_series_set_name_range(s, folha, primeira - 1, coluna);
+    };
+    lxw_chart* barras = workbook_add_chart(m_livro, LXW_CHART_COLUMN_STACKED);
+    for (int c : empilhadas)
+        serie(barras, c);
+    m_titulosGrafico = titulo.toUtf8();
+    chart_title_set_name(barras, m_titulosGrafico.constData());
+    chart_axis_set_num_format(barras->y_axis, "#,##0.00");
+    chart_legend_set_position(barras, LXW_CHART_LEGEND_BOTTOM);
+    lxw_chart_options opcoes{};
+    opcoes.x_scale = 2.2;
+    opcoes.y_scale = 1.4;
+    worksheet_insert_chart_opt(m_folha, naLinha, naColuna, barras, &opcoes);
+    // This library draws no line over bars in one chart: the line goes right below, on
+    // the same days.
+    lxw_chart* curva = workbook_add_chart(m_livro, LXW_CHART_LINE);
+    serie(curva, linha);
+    chart_axis_set_num_format(curva->y_axis, "#,##0.00");
+    chart_legend_set_position(curva, LXW_CHART_LEGEND_BOTTOM);
+    opcoes.y_scale = 1.0;
+    worksheet_insert_chart_opt(m_folha, naLinha + 22, naColuna, curva, &opcoes);
 }
 
 bool PlanilhaXlsx::concluir(QString* erro)

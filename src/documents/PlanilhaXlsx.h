@@ -40,6 +40,15 @@ public:
     void congelar(int linhas, int colunas);
     void filtro(int primeiraLinha, int primeiraColuna, int ultimaLinha, int ultimaColuna);
 
+    // Starts another sheet; the cells written from now on go to it.
+    bool novaFolha(const QString& nome);
+    // A chart over the current sheet's rows `primeira` to `ultima`: the categories in
+    // column `rotulos`, the columns `empilhadas` as stacked bars placed at (`naLinha`,
+    // `naColuna`) and `linha` as a line right below them, the series named by the cells
+    // above `primeira`.
+    void grafico(const QString& titulo, int primeira, int ultima, int rotulos, const QList<int>& empilhadas,
+                 int linha, int naLinha, int naColuna);
+
     // Writes the file and gives it its name; false with a message when it couldn't (a full
     // disk), and then nothing of it stays.
     bool concluir(QString* erro);
@@ -53,6 +62,8 @@ private:
 
     lxw_workbook* m_livro = nullptr;
     lxw_worksheet* m_folha = nullptr;
+    QByteArray m_nomeFolha;
+    QByteArray m_titulosGrafico;
     QHash<quint64, lxw_format*> m_formatos;
     QString m_arquivo;
     QString m_temporario;
