@@ -23,7 +23,8 @@ class QWidget;
 //       the product search is told where its choice goes: key "Destino", the name of the
 //       screen that asked ("Produto" shows the product on the register, any other name
 //       receives recebeProduto), and "Kit" (bool) when the choice goes to a kit list,
-//       which leaves the search open.
+//       which leaves the search open. The sale picker "BuscaVenda" takes it too: "Destino"
+//       names the screen whose boxes Text3 (sale number) and Text4 (date) receive the choice.
 //   Q_INVOKABLE void recebeProduto(const QVariantMap& dados);
 //       a product chosen in the search: keys "CodPecAut" (qlonglong), "CodPeca",
 //       "Descricao", "Unidade", "ValorVenda" and "ValorCusto" (qlonglong cents),
