@@ -1,6 +1,8 @@
 #include <QComboBox>
 #include <QDateTime>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -32,6 +34,13 @@ class TesteBackupDados : public QObject {
         QTemporaryDir volume{QDir::temp().filePath(QStringLiteral("PEN D'ÁGUA 100%-XXXXXX"))};
         BackupDados* tela = nullptr;
         QString pasta() const { return QDir(volume.path()).filePath("BackupToldex"); }
+        // A case puts a file where the stick's folder was: the folder's own cleanup
+        // removes only folders.
+        ~Cena()
+        {
+            if (QFileInfo(volume.path()).isFile())
+                QFile::remove(volume.path());
+        }
     };
 
     static void prepara(Cena& c, Motor motor)
