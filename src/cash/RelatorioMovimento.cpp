@@ -178,12 +178,9 @@ void linhaImpressa(Impressora& p, const QList<ColunaImpressa>& colunas, const QS
 {
     const int y = p.currentY();
     for (int i = 0; i < colunas.size(); ++i) {
-        QString t = textos.value(i);
         // A long text stops short of the next column.
         const int limite = i + 1 < colunas.size() ? colunas.at(i + 1).x - colunas.at(i).x - 60 : p.width();
-        if (!colunas.at(i).direita)
-            while (!t.isEmpty() && p.textWidth(t) > limite)
-                t.chop(1);
+        const QString t = colunas.at(i).direita ? textos.value(i) : p.cortado(textos.value(i), limite);
         if (colunas.at(i).x >= p.width())
             continue;
         p.setCurrentY(y);

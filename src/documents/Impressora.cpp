@@ -64,6 +64,22 @@ int Impressora::textWidth(const QString& texto) const
     return twips(fm.horizontalAdvance(texto));
 }
 
+QString Impressora::cortado(const QString& texto, int largura) const
+{
+    const QFontMetricsF fm(QFont(m_fonte, m_dispositivo), m_dispositivo);
+    auto cabe = [&](qsizetype n) { return twips(fm.horizontalAdvance(texto.left(n))) <= largura; };
+    if (cabe(texto.size()))
+        return texto;
+    // The longest beginning that fits, found by halving: a pasted page of text costs a
+    // few measures, not one per character.
+    qsizetype cabeAte = 0, naoCabe = texto.size();
+    while (naoCabe - cabeAte > 1) {
+        const qsizetype meio = (cabeAte + naoCabe) / 2;
+        (cabe(meio) ? cabeAte : naoCabe) = meio;
+    }
+    return texto.left(cabeAte);
+}
+
 int Impressora::alturaLinha() const
 {
     const QFontMetricsF fm(QFont(m_fonte, m_dispositivo), m_dispositivo);

@@ -45,6 +45,9 @@ public:
     int width() const { return m_largura; }
     int height() const { return m_altura; }
     int textWidth(const QString& texto) const;
+    // The text cut at its end to fit `largura` twips in the current font, so a long cell
+    // can't run over the next column.
+    QString cortado(const QString& texto, int largura) const;
     int alturaLinha() const;
     // The last Y at which a line may start and still end above the bottom margin.
     int limiteInferior() const { return m_altura - MargemInferior; }

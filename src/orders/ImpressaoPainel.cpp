@@ -39,15 +39,6 @@ void cabecalho(Impressora& p, const QString& titulo)
     p.setFontBold(false);
 }
 
-// A cell cut to its column's room, so one long name can't run over the next column.
-QString cabe(const Impressora& p, const QString& texto, int largura)
-{
-    QString t = texto;
-    while (!t.isEmpty() && p.textWidth(t) > largura)
-        t.chop(1);
-    return t;
-}
-
 } // namespace
 
 QString servicoEmLinhas(const QString& servico)
@@ -75,7 +66,7 @@ void imprimir(const QString& titulo, const QList<LinhaPainel>& linhas, Impressor
         for (int i = 0; i < 6; ++i) {
             p.setCurrentX(Colunas[i].x);
             p.setCurrentY(y);
-            p.printLinha(cabe(p, celulas[i], Colunas[i + 1].x - Colunas[i].x - 60));
+            p.printLinha(p.cortado(celulas[i], Colunas[i + 1].x - Colunas[i].x - 60));
         }
         for (int i = 0; i < servico.size(); ++i) {
             p.setCurrentX(Colunas[6].x);

@@ -110,10 +110,9 @@ void linha(Impressora& p, const QList<ColunaImpressa>& colunas, const QStringLis
 {
     const int y = p.currentY();
     for (int i = 0; i < colunas.size(); ++i) {
-        QString t = textos.value(i);
-        if (colunas.at(i).indice == ListaEstoque::indiceColuna(QStringLiteral("Descricao")))
-            while (!t.isEmpty() && p.textWidth(t) > larguraDescricao)
-                t.chop(1);
+        const QString t = colunas.at(i).indice == ListaEstoque::indiceColuna(QStringLiteral("Descricao"))
+                              ? p.cortado(textos.value(i), larguraDescricao)
+                              : textos.value(i);
         p.setCurrentY(y);
         p.setCurrentX(colunas.at(i).direita ? colunas.at(i).x - p.textWidth(t) : colunas.at(i).x);
         p.printLinha(t);
