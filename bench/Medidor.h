@@ -1,6 +1,7 @@
 #pragma once
 #include <QElapsedTimer>
 #include <QList>
+#include <QRegularExpression>
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
@@ -45,11 +46,28 @@ inline double cronometra(const std::function<void()>& f)
 // of each kept: on a machine shared with other work a single run measures the neighbours.
 constexpr int RepeticoesPorTexto = 3;
 
+// Lines whose name doesn't match are skipped (--linhas): a quick look at a few lines without
+// the whole table. Their fill and set-up still run.
+inline QRegularExpression& filtroLinhas()
+{
+    static QRegularExpression filtro;
+    return filtro;
+}
+
+inline bool pulaLinha(const QString& nome)
+{
+    return !filtroLinhas().pattern().isEmpty() && !filtroLinhas().match(nome).hasMatch();
+}
+
 // Runs `operacao` and `cru` on every text, after one warm-up on the first.
 inline Medida mede(const QString& nome, double alvoMs, const QStringList& textos, const Operacao& operacao,
                    const Operacao& cru = {})
 {
     Medida m{nome, alvoMs};
+    if (pulaLinha(nome)) {
+        m.textos = -1;
+        return m;
+    }
     m.textos = int(textos.size());
     if (textos.isEmpty())
         return m;
@@ -89,6 +107,10 @@ inline Medida medeFrio(const QString& nome, double alvoMs, const QString& texto,
                        const Operacao& operacao, const Operacao& cru)
 {
     Medida m{nome + QStringLiteral(" [cache frio]"), alvoMs, 1};
+    if (pulaLinha(m.nome)) {
+        m.textos = -1;
+        return m;
+    }
     esfria();
     int n = -1;
     m.mediana = m.p90 = cronometra([&] { n = operacao(texto); });
@@ -107,6 +129,8 @@ inline void imprime(const QList<Medida>& medidas)
     out << "|" << QString(66, '-') << "|" << QString(8, '-') << "|" << QString(12, '-') << "|" << QString(10, '-')
         << "|" << QString(10, '-') << "|" << QString(8, '-') << "|" << QString(9, '-') << "|\n";
     for (const Medida& m : medidas) {
+        if (m.textos < 0)
+            continue;
         QString nome = m.nome;
         if (m.linhasMax >= 0)
             nome += m.linhasMin == m.linhasMax ? QStringLiteral(" (%1 linhas)").arg(m.linhasMax)

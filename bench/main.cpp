@@ -150,6 +150,7 @@ int main(int argc, char** argv)
     p.addOption({"pg-dados", "PostgreSQL's data folder, for the cold-cache lines", "dir"});
     p.addOption({"textos", "texts per search line", "n", "25"});
     p.addOption({"so-carga", "fill the store and stop"});
+    p.addOption({"linhas", "only the lines whose name matches this pattern", "regex"});
     p.addOption({"sem-analyze", "do not gather the planner's statistics after filling"});
     p.addOption({"manutencao", "only the backup, restore and repair of an SQLite store of this size", "MB"});
     p.process(app);
@@ -159,6 +160,8 @@ int main(int argc, char** argv)
     const int clientes = p.value("clientes").toInt();
     const int abertas = p.value("abertas").toInt();
     const int nTextos = qMax(20, p.value("textos").toInt());
+    filtroLinhas().setPattern(p.value("linhas"));
+    filtroLinhas().setPatternOptions(QRegularExpression::CaseInsensitiveOption);
 
     ConfigBanco c;
     c.criarSeNaoExistir = true;
