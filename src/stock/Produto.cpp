@@ -340,9 +340,16 @@ void Produto::saiDoPreco(int caixaPreco, int caixaMargem)
     texto(caixaPreco)->setText(preco->texto());
     if (caixaMargem < 0)
         return;
-    const auto custo = Dinheiro::lerTexto(texto(Custo)->text()).value_or(Dinheiro());
-    const auto margem = Margem::deCustoEVenda(custo, *preco);
+    const auto custo = custoDigitado();
+    const auto margem = custo ? Margem::deCustoEVenda(*custo, *preco) : std::nullopt;
     texto(caixaMargem)->setText(margem ? Margem::textoPorcentagem(*margem) : QString());
+}
+
+std::optional<Dinheiro> Produto::custoDigitado() const
+{
+    // An empty cost is no cost; one that isn't an amount gives no margin and no price.
+    const QString t = texto(Custo)->text();
+    return t.trimmed().isEmpty() ? std::optional(Dinheiro()) : Dinheiro::lerTexto(t);
 }
 
 void Produto::saiDaMargem(int caixaPreco, int caixaMargem)
@@ -352,8 +359,10 @@ void Produto::saiDaMargem(int caixaPreco, int caixaMargem)
     const auto margem = Margem::lerPorcentagem(texto(caixaMargem)->text());
     if (!margem)
         return;
-    const auto custo = Dinheiro::lerTexto(texto(Custo)->text()).value_or(Dinheiro());
-    texto(caixaPreco)->setText(Margem::vendaDeMargem(custo, *margem).texto());
+    const auto custo = custoDigitado();
+    if (!custo)
+        return;  // a price from a cost that isn't an amount would be 0,00; the save tells why
+    texto(caixaPreco)->setText(Margem::vendaDeMargem(*custo, *margem).texto());
     texto(caixaMargem)->setText(Margem::textoPorcentagem(*margem));
 }
 

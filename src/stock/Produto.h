@@ -61,6 +61,7 @@ private:
     void incluir();
     void saiDoPreco(int caixaPreco, int caixaMargem);
     void saiDaMargem(int caixaPreco, int caixaMargem);
+    std::optional<Dinheiro> custoDigitado() const;
     void mostraKit();
     void mostraBarras();
     void adicionaKit();

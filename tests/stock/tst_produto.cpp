@@ -111,6 +111,19 @@ private slots:
         QCOMPARE(coluna(minimo ? "LucroMinimo" : "PorcentagemLucro", p).toString(), margem.isEmpty() ? "0,00" : margem);
     }
 
+    // A cost pasted past the key filter gives no price: the margin leaves the typed sale alone.
+    void margemSemCustoLegivel()
+    {
+        produto("1");
+        abre();
+        troca(Produto::Venda, "20");
+        sai(texto(Produto::Venda));
+        texto(Produto::Custo)->setText("abc");
+        troca(Produto::Lucro, "50");
+        sai(texto(Produto::Lucro));
+        QCOMPARE(texto(Produto::Venda)->text(), QString("20,00"));
+    }
+
     void incluirComCaixasVazias()
     {
         for (int i = 1; i <= 79; ++i)
