@@ -2,6 +2,8 @@
 
 #include <QAtomicInt>
 #include <QDir>
+#include <QMutex>
+#include <unordered_map>
 #include <QSqlError>
 #include <QSqlRecord>
 
@@ -60,6 +62,66 @@ Banco::Banco(ConfigBanco config) : m_config(std::move(config))
     Conexoes::registrar(this);
 }
 
+namespace {
+
+// A kept statement can run again once nobody reads its rows any more: it wrote, it was
+// read to the end, or finished (escalar, inserir). One still being read (the same query
+// nested in a loop over its own rows) is left alone and a new one prepared.
+bool livre(const QSqlQuery& q)
+{
+    return !q.isActive() || !q.isSelect() || q.at() == QSql::AfterLastRow;
+}
+
+bool mudaEsquema(const QString& sql)
+{
+    const QString inicio = sql.trimmed().left(6).toUpper();
+    return inicio == QLatin1String("CREATE") || inicio == QLatin1String("ALTER ") || inicio == QLatin1String("DROP T")
+        || inicio == QLatin1String("DROP I");
+}
+
+constexpr int MaxPreparadas = 256;
+
+// SQLite hands rows over as they are stepped, and a statement run inside a loop over
+// another's rows leaves that one alone. The PostgreSQL driver, reading row by row, drops
+// whatever rows a query still had as soon as another one runs on the connection: a loop
+// that reads or writes as it goes would stop after its first row. There the rows come
+// whole, in one answer.
+bool somenteAdiante(Motor motor) { return motor != Motor::PostgreSQL; }
+
+// Connections of worker threads (a backup) share the map below: a lock keeps it whole;
+// each connection's own statements are used only on its thread.
+QMutex travaPreparadas;
+
+// The statements kept prepared on each connection, by their text. On a server each
+// preparation and each release is a round trip of its own, twice the one that runs the
+// statement; SQLite prepares in the program and keeps none. Node-based: a connection's
+// own map stays where it is while others come and go.
+std::unordered_map<const Banco*, QHash<QString, QSqlQuery>>& preparadas()
+{
+    static std::unordered_map<const Banco*, QHash<QString, QSqlQuery>> p;
+    return p;
+}
+
+QHash<QString, QSqlQuery>* preparadasDe(const Banco* b)
+{
+    const QMutexLocker trava(&travaPreparadas);
+    return &preparadas()[b];
+}
+
+void esquecePreparadas(const Banco* b)
+{
+    QHash<QString, QSqlQuery> largadas;  // released (DEALLOCATE) outside the lock
+    {
+        const QMutexLocker trava(&travaPreparadas);
+        if (const auto it = preparadas().find(b); it != preparadas().end()) {
+            largadas = std::move(it->second);
+            preparadas().erase(it);
+        }
+    }
+}
+
+} // namespace
+
 Banco::~Banco()
 {
     Conexoes::esquecer(this);
@@ -92,6 +154,7 @@ ErroConexao Banco::traduzErroAbertura(const QString& detalhe) const
 
 void Banco::fechar()
 {
+    esquecePreparadas(this);
     if (m_db.isValid() && m_db.isOpen()) {
         antesDeFechar();
         m_db.close();
@@ -108,17 +171,35 @@ void Banco::reabrir()
     abrirConexao();
 }
 
+
 bool Banco::rodar(QSqlQuery& q, const QString& sql, const QVariantList& valores, QString* detalhe)
 {
-    q = QSqlQuery(m_db);
-    q.setForwardOnly(true);
     bool ok;
     if (valores.isEmpty()) {
         // Statements without values (DDL, SET, BEGIN) run as they are: some engines can't
         // prepare them.
+        q = QSqlQuery(m_db);
+        q.setForwardOnly(somenteAdiante(m_config.motor));
         ok = q.exec(sql);
+        if (mudaEsquema(sql))
+            esquecePreparadas(this);  // a kept SELECT * would still describe the old columns
     } else {
-        ok = q.prepare(sql);
+        const bool guarda = m_config.motor == Motor::PostgreSQL;
+        QHash<QString, QSqlQuery>* minhas = guarda ? preparadasDe(this) : nullptr;
+        const auto kept = minhas ? minhas->constFind(sql) : QHash<QString, QSqlQuery>::const_iterator();
+        if (minhas && kept != minhas->constEnd() && livre(*kept)) {
+            q = *kept;
+            ok = true;
+        } else {
+            q = QSqlQuery(m_db);
+            q.setForwardOnly(somenteAdiante(m_config.motor));
+            ok = q.prepare(sql);
+            if (ok && minhas) {
+                if (minhas->size() >= MaxPreparadas)
+                    minhas->clear();
+                minhas->insert(sql, q);
+            }
+        }
         if (ok) {
             for (int i = 0; i < valores.size(); ++i)
                 q.bindValue(i, valores.at(i));
@@ -190,9 +271,11 @@ QSqlQuery Banco::executar(const QString& sql, const QVariantList& valores)
 QVariant Banco::escalar(const QString& sql, const QVariantList& valores)
 {
     QSqlQuery q = executar(sql, valores);
+    QVariant v;
     if (q.next())
-        return q.value(0);
-    return {};
+        v = q.value(0);
+    q.finish();
+    return v;
 }
 
 QSqlQuery Banco::lerTravando(const QString& sql, const QVariantList& valores)
@@ -213,7 +296,9 @@ qint64 Banco::inserir(const DefTabela& tabela, const QStringList& colunas, const
     if (!q.next())
         throw ErroBanco(QStringLiteral("Erro ao gravar formulário,"),
                         QStringLiteral("O banco não devolveu a chave do registro novo."));
-    return q.value(0).toLongLong();
+    const qint64 chave = q.value(0).toLongLong();
+    q.finish();
+    return chave;
 }
 
 QString Banco::textoDaColuna(const DefColuna& c)

@@ -1,9 +1,12 @@
 #include <QFile>
+#include <QSqlQuery>
+#include <QSqlRecord>
 #include <QTest>
 #include <functional>
 
 #include "apoio/BancoTeste.h"
 #include "data/Conexoes.h"
+#include "data/Esquema.h"
 #include "data/Recordset.h"
 #include "data/Transacao.h"
 
@@ -109,6 +112,58 @@ private slots:
             QVERIFY(!e.detalhe().isEmpty());   // the engine's own text travels with it
         }
         QCOMPARE(b->escalar("SELECT COUNT(*) FROM Cliente").toInt(), 0);
+    }
+
+    // Statements run again and again (a save's inserts, a loop's reads) give each run its
+    // own values and rows, also when the same statement runs inside a loop over its own rows
+    // or after a column was added.
+    void mesmoComandoRepetido_data() { linhasMotores(); }
+    void mesmoComandoRepetido()
+    {
+        BANCO_DO_MOTOR(b);
+        const DefTabela& usuario = *Esquema::tabela("Usuario");
+        QList<qint64> chaves;
+        for (const char* nome : {"ANA", "BIA", "CAIO"})
+            chaves << b->inserir(usuario, {"NomeUsuario"}, {QString(nome)});
+        QVERIFY(chaves[0] < chaves[1] && chaves[1] < chaves[2]);
+
+        const QString porChave = "SELECT NomeUsuario FROM Usuario WHERE Chave >= ? ORDER BY Chave";
+        QStringList pares;
+        QSqlQuery fora = b->executar(porChave, {chaves[1]});
+        while (fora.next()) {
+            const QString nome = fora.value(0).toString();
+            QSqlQuery dentro = b->executar(porChave, {chaves[0]});
+            int n = 0;
+            while (dentro.next())
+                ++n;
+            pares << QStringLiteral("%1:%2").arg(nome).arg(n);
+        }
+        QCOMPARE(pares, (QStringList{"BIA:3", "CAIO:3"}));
+        // A loop that writes as it reads goes through every row.
+        QSqlQuery todos = b->executar("SELECT Chave, NomeUsuario FROM Usuario WHERE Chave >= ? ORDER BY Chave", {chaves[0]});
+        int mudados = 0;
+        while (todos.next())
+            mudados += b->executar("UPDATE Usuario SET Senha = ? WHERE Chave = ?",
+                                   {todos.value(1).toString().toLower(), todos.value(0)}).numRowsAffected();
+        QCOMPARE(mudados, 3);
+        QCOMPARE(b->escalar("SELECT Senha FROM Usuario WHERE Chave = ?", {chaves[2]}).toString(), QString("caio"));
+        QCOMPARE(b->escalar("SELECT NomeUsuario FROM Usuario WHERE Chave = ?", {chaves[2]}).toString(), QString("CAIO"));
+        QCOMPARE(b->escalar("SELECT NomeUsuario FROM Usuario WHERE Chave = ?", {chaves[0]}).toString(), QString("ANA"));
+        QSqlQuery muda = b->executar("UPDATE Usuario SET NomeUsuario = ? WHERE Chave = ?", {QString("ANA2"), chaves[0]});
+        QCOMPARE(muda.numRowsAffected(), 1);
+        muda = b->executar("UPDATE Usuario SET NomeUsuario = ? WHERE Chave = ?", {QString("X"), qint64(-5)});
+        QCOMPARE(muda.numRowsAffected(), 0);
+
+        const QString tudo = "SELECT * FROM Usuario WHERE Chave = ?";
+        QSqlQuery antes = b->executar(tudo, {chaves[0]});
+        QVERIFY(antes.next());
+        const int colunas = antes.record().count();
+        antes = QSqlQuery();
+        b->executar("ALTER TABLE Usuario ADD COLUMN ColunaNova INTEGER");
+        QSqlQuery depois = b->executar(tudo, {chaves[0]});
+        QVERIFY(depois.next());
+        QCOMPARE(depois.record().count(), colunas + 1);
+        QCOMPARE(depois.value("NomeUsuario").toString(), QString("ANA2"));
     }
 
     void bancoAntigoGanhaColunas_data() { linhasMotores(); }
