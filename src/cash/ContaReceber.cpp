@@ -144,6 +144,7 @@ void ContaReceber::montaTela()
     connect(m_text1, &QLineEdit::returnPressed, this, &ContaReceber::pesquisa);
     connect(m_grade->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& atual) { escolheLinha(atual.isValid() ? atual.row() : -1); });
+    connect(m_modelo, &ModeloPesquisa::contou, this, &ContaReceber::atualizaTitulo);
     connect(m_modelo, &ModeloPesquisa::falhou, this, [this](const QString& m) {
         Dialogos::erro(this, QStringLiteral("houve uma perda na comunicação ao banco de dados,"), m);
     });
@@ -290,6 +291,13 @@ void ContaReceber::limpaEscolha()
             m_text2[i]->clear();
 }
 
+void ContaReceber::atualizaTitulo()
+{
+    // The number follows the first page in a moment; until then the caption has none.
+    const QString titulo = Contas::titulo(m_modoLista, m_modelo->contando() ? 0 : m_modelo->total());
+    setWindowTitle(m_modelo->contando() ? titulo.section(QStringLiteral(" - "), 0, 0) : titulo);
+}
+
 qint64 ContaReceber::encontrados() const { return m_modelo->temConvite() ? 0 : m_modelo->total(); }
 
 void ContaReceber::pesquisa()
@@ -306,11 +314,12 @@ void ContaReceber::pesquisa()
             defs.append({colunas.at(i), i == 0 ? QStringLiteral("Cliente/Titulo")
                                                 : i == 1 ? QStringLiteral("Vencimento") : QString()});
         m_modelo->defineColunas(defs, [](const QString& c, const QVariant& v) { return Contas::textoCelula(c, v); });
-        m_modelo->abrir(std::make_unique<PaginasBusca>(*m_banco, Contas::tabela(p.modo), p.onde, p.ordem, colunas));
+        m_modelo->abrir(std::make_unique<PaginasBusca>(*m_banco, Contas::tabela(p.modo), p.onde, p.ordem, colunas),
+                        ModeloPesquisa::Contagem::Depois);
         for (int i = 0; i < colunas.size(); ++i)
             m_grade->setColumnHidden(i, i > 1);
         m_grade->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
-        setWindowTitle(Contas::titulo(p.modo, m_modelo->total()));
+        atualizaTitulo();
     });
     if (ok)
         limpaEscolha();

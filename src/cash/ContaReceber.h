@@ -53,6 +53,7 @@ public:
     void defineHoje(const QDate& d) { m_hoje = d; }
 
 private:
+    void atualizaTitulo();
     void montaTela();
     QWidget* montaPagamento();
     QWidget* montaNovaConta();

@@ -81,8 +81,7 @@ Criterio criterioRapida(Rapida caixa)
 Condicao condicao(Banco& banco, const Criterio& criterio, const QString& texto)
 {
     const QString t = soDigitos(criterio.coluna) ? semMascara(texto) : texto;
-    const Condicao casa = Busca::porTexto(banco, criterio.tabela, criterio.coluna, t, criterio.meio,
-                                          Busca::Plano::PelaContagem);
+    const Condicao casa = Busca::porTexto(banco, criterio.tabela, criterio.coluna, t, criterio.meio);
     if (casa.sql.isEmpty())
         return {QStringLiteral("1 = 0")};  // only a mask typed: no row, rather than every row
     return casa.e(Busca::soVivos());

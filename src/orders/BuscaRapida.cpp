@@ -99,6 +99,7 @@ BuscaRapida::BuscaRapida(QWidget* pai) : QWidget(pai)
         m_grade->setColumnWidth(c, Larguras[c]);
     m_grade->installEventFilter(this);
     connect(m_grade, &QTableView::doubleClicked, this, [this](const QModelIndex& i) { escolhe(i.row()); });
+    connect(m_modelo, &ModeloPesquisa::contou, this, &BuscaRapida::atualizaTitulo);
     connect(m_modelo, &ModeloPesquisa::falhou, this,
             [this](const QString& msg) { Dialogos::erro(this, QStringLiteral("Erro ao pesquisar,"), msg); });
     raiz->addWidget(m_grade, 1);
@@ -137,11 +138,12 @@ void BuscaRapida::busca(Rapida caixa)
         auto abre = [&](Rapida qual) {
             const BuscaOrdens::Criterio c = BuscaOrdens::criterioRapida(qual);
             m_modelo->abrir(std::make_unique<PaginasBusca>(*m_banco, c.tabela, BuscaOrdens::condicao(*m_banco, c, texto),
-                                                           c.ordem, colunas));
+                                                           c.ordem, colunas),
+                            ModeloPesquisa::Contagem::Depois);
         };
         abre(caixa);
         // A number the customer gave as "the telephone" may be kept as the mobile.
-        if (caixa == Rapida::Telefone && m_modelo->total() == 0)
+        if (caixa == Rapida::Telefone && m_modelo->vazio())
             abre(Rapida::Celular);
     } catch (const ErroBanco& e) {
         QApplication::restoreOverrideCursor();
@@ -150,19 +152,26 @@ void BuscaRapida::busca(Rapida caixa)
         return;
     }
     QApplication::restoreOverrideCursor();
-    if (m_modelo->total() == 0) {
+    if (m_modelo->vazio()) {
         mostraGrade(false);
         setWindowTitle(Titulo);
         Dialogos::mensagem(this, QStringLiteral("Nenhum item encontrado"), Titulo);
         return;
     }
     mostraGrade(true);
-    setWindowTitle(QStringLiteral("%1 - %2").arg(Titulo).arg(m_modelo->total()));
+    atualizaTitulo();
+}
+
+void BuscaRapida::atualizaTitulo()
+{
+    // The number follows the first page in a moment.
+    setWindowTitle(m_modelo->contando() || m_modelo->vazio() ? Titulo
+                                                             : QStringLiteral("%1 - %2").arg(Titulo).arg(m_modelo->total()));
 }
 
 void BuscaRapida::escolhe(int linha)
 {
-    if (linha < 0 || linha >= m_modelo->total())
+    if (linha < 0 || linha >= m_modelo->rowCount())
         return;
     QVariantMap valores;
     try {

@@ -30,6 +30,7 @@ protected:
 private:
     void cliqueMais();
     void mostraGrade(bool visivel);
+    void atualizaTitulo();
 
     std::unique_ptr<Banco> m_banco;
     QList<QLineEdit*> m_caixas;

@@ -111,7 +111,7 @@ Condicao PesquisaCliente::condicaoBusca(const Opcao& opcao, const QString& texto
     for (BuscaClientes::Opcao o : Opcoes)
         if (BuscaClientes::coluna(o) == opcao.coluna)
             qual = o;
-    return BuscaClientes::condicao(*banco(), qual, texto, Busca::Plano::PelaContagem);
+    return BuscaClientes::condicao(*banco(), qual, texto);
 }
 
 void PesquisaCliente::buscaAoDigitar(const QString& texto)
@@ -123,7 +123,7 @@ void PesquisaCliente::buscaAoDigitar(const QString& texto)
         return;
     }
     try {
-        mostraConsulta(BuscaClientes::condicaoNome(*banco(), texto, Busca::Plano::PelaContagem), BuscaClientes::Ordem);
+        mostraConsulta(BuscaClientes::condicaoNome(*banco(), texto), BuscaClientes::Ordem);
     } catch (const ErroBanco& e) {
         Dialogos::erro(this, QStringLiteral("Erro ao pesquisar,"), e.textoCompleto());
     }

@@ -134,6 +134,7 @@ Estoque::Estoque(QWidget* pai) : QWidget(pai)
     connect(m_botoes[10], &QPushButton::clicked, this, [this] { RegistroTelas::fecharJanela(this); });
     connect(m_texto, &QLineEdit::returnPressed, this, &Estoque::busca);
     connect(m_grade, &QTableView::clicked, this, [this](const QModelIndex& i) { abreProduto(i.row()); });
+    connect(m_modelo, &ModeloPesquisa::contou, this, &Estoque::atualizaTitulo);
     connect(m_modelo, &ModeloPesquisa::falhou, this, [this](const QString& m) {
         Dialogos::mensagem(this, m, QStringLiteral("Estoque"), Dialogos::Icone::Aviso);
     });
@@ -167,12 +168,19 @@ void Estoque::abreConsulta()
     m_modelo->pintar(m_pintada);
     try {
         m_modelo->abrir(std::make_unique<PaginasBusca>(*m_banco, QStringLiteral("Produto"), m_onde, m_ordem,
-                                                       nomesColunas()));
+                                                       nomesColunas()),
+                        ModeloPesquisa::Contagem::Depois);
     } catch (const ErroBanco& e) {
         m_modelo->limpar();
         falhou(QStringLiteral("Estoque"), e);
     }
-    setWindowTitle(ListaEstoque::titulo(m_modelo->total()));
+    atualizaTitulo();
+}
+
+void Estoque::atualizaTitulo()
+{
+    // The number follows the first page in a moment.
+    setWindowTitle(m_modelo->contando() ? QStringLiteral("Produtos cadastrado") : ListaEstoque::titulo(m_modelo->total()));
 }
 
 void Estoque::mostraTodos()
@@ -255,7 +263,7 @@ void Estoque::incluiProduto()
 
 void Estoque::abreProduto(int linha)
 {
-    if (linha < 0 || linha >= m_modelo->total() || !RegistroTelas::registrada(QStringLiteral("Produto")))
+    if (linha < 0 || linha >= m_modelo->rowCount() || !RegistroTelas::registrada(QStringLiteral("Produto")))
         return;
     const QString codigo = m_modelo->valor(linha, QStringLiteral("codpeca")).toString();
     const QString chave = m_modelo->valor(linha, QStringLiteral("CodPecAut")).toString();

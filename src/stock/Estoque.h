@@ -36,6 +36,7 @@ protected:
     bool eventFilter(QObject* alvo, QEvent* e) override;
 
 private:
+    void atualizaTitulo();
     void abreConsulta();
     void incluiProduto();
     void abreProduto(int linha);

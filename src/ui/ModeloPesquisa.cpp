@@ -17,31 +17,78 @@ void ModeloPesquisa::defineColunas(const QList<Coluna>& colunas, Celula celula)
     endResetModel();
 }
 
-void ModeloPesquisa::abrir(std::unique_ptr<PaginasBusca> paginas)
+void ModeloPesquisa::abrir(std::unique_ptr<PaginasBusca> paginas, Contagem contagem)
 {
     beginResetModel();
+    ++m_geracao;
+    m_contagemPendente = false;
     m_convite.clear();
     m_linhas.clear();
     m_total = 0;
     m_paginas.reset();
     try {
-        m_total = paginas->contar();
+        if (contagem == Contagem::Antes)
+            m_total = paginas->contar();
         m_linhas = paginas->proximas(TamanhoPagina);
         if (paginas->fim())
             m_total = m_linhas.size();
+        else if (contagem == Contagem::Depois) {
+            m_total = m_linhas.size();
+            m_contagemPendente = true;
+        }
         m_paginas = std::move(paginas);
     } catch (...) {
         m_linhas.clear();
         m_total = 0;
+        m_contagemPendente = false;
         endResetModel();
         throw;
     }
     endResetModel();
+    if (m_contagemPendente) {
+        // After the grid has painted the first page: a zero timer would often come first.
+        QTimer::singleShot(1, this, [this, geracao = m_geracao] {
+            if (geracao != m_geracao)
+                return;
+            if (!m_contagemPendente || conta())
+                emit contou();
+        });
+    }
+}
+
+bool ModeloPesquisa::conta()
+{
+    m_contagemPendente = false;
+    qint64 n = 0;
+    try {
+        n = m_paginas->contar();
+    } catch (const ErroBanco& e) {
+        const QString msg = e.textoCompleto();
+        QTimer::singleShot(0, this, [this, msg] { emit falhou(msg); });
+        return false;
+    }
+    // Rows another station added since the page was read are counted; rows it removed end
+    // the grid where the reading does (garante).
+    if (n > m_total) {
+        beginInsertRows({}, int(m_total), int(n - 1));
+        m_total = n;
+        endInsertRows();
+    }
+    return true;
+}
+
+qint64 ModeloPesquisa::total() const
+{
+    if (m_contagemPendente)
+        const_cast<ModeloPesquisa*>(this)->conta();  // an exact answer, never the rows read so far
+    return m_total;
 }
 
 void ModeloPesquisa::convite(const QString& texto)
 {
     beginResetModel();
+    ++m_geracao;
+    m_contagemPendente = false;
     m_paginas.reset();
     m_linhas.clear();
     m_total = 0;

@@ -50,6 +50,7 @@ TelaPesquisa::TelaPesquisa(QWidget* pai) : QWidget(pai)
         m_nome->setText(m_modelo->valor(i.row(), m_colunaNome).toString());
     });
     connect(m_gradeW, &QTableView::doubleClicked, this, [this](const QModelIndex& i) { escolhe(i.row()); });
+    connect(m_modelo, &ModeloPesquisa::contou, this, &TelaPesquisa::atualizaTitulo);
     connect(m_modelo, &ModeloPesquisa::falhou, this, [this](const QString& msg) {
         atualizaTitulo();
         Dialogos::erro(this, QStringLiteral("Erro ao pesquisar,"), msg);
@@ -170,8 +171,8 @@ void TelaPesquisa::listaTodos()
 
 Condicao TelaPesquisa::condicaoBusca(const Opcao& op, const QString& texto)
 {
-    // The grid counts before it reads: the count picks the plan.
-    return Busca::porColuna(*m_banco, m_tabela, op.coluna, texto, op.meio, Busca::Plano::PelaContagem);
+    // The grid shows its first page before it counts: a bounded probe picks the plan.
+    return Busca::porColuna(*m_banco, m_tabela, op.coluna, texto, op.meio);
 }
 
 QString TelaPesquisa::textoCelula(const QString&, const QVariant& valor) const
@@ -191,7 +192,8 @@ void TelaPesquisa::mostraConsulta(const Condicao& onde, const QString& ordem)
             colunas << c;
     m_gradeW->clearSpans();
     m_linhaEscolhida = -1;
-    m_modelo->abrir(std::make_unique<PaginasBusca>(*m_banco, m_tabela, onde, ordem, colunas));
+    m_modelo->abrir(std::make_unique<PaginasBusca>(*m_banco, m_tabela, onde, ordem, colunas),
+                    ModeloPesquisa::Contagem::Depois);
     atualizaTitulo();
 }
 
@@ -199,6 +201,10 @@ int TelaPesquisa::encontrados() const { return int(m_modelo->total()); }
 
 void TelaPesquisa::atualizaTitulo()
 {
+    if (m_modelo->contando()) {
+        setWindowTitle(m_titulo);  // the number follows the first page in a moment
+        return;
+    }
     const qint64 n = m_modelo->total();
     const QString quantos = m_plural.isEmpty() ? QString::number(n) : QStringLiteral("%1 %2").arg(n).arg(m_plural);
     const QString cabeca = m_tituloContagem.isEmpty() ? m_titulo : m_tituloContagem;
@@ -237,7 +243,7 @@ bool TelaPesquisa::chamadorDefinido(const QString& flag) const
 
 void TelaPesquisa::escolhe(int linha)
 {
-    if (m_modelo->temConvite() || linha < 0 || linha >= m_modelo->total())
+    if (m_modelo->temConvite() || linha < 0 || linha >= m_modelo->rowCount())
         return;
     QSqlRecord reg;
     try {

@@ -6,6 +6,7 @@
 #include "apoio/GradeTeste.h"
 #include "ui/AmbienteTela.h"
 #include "ui/Dialogos.h"
+#include "ui/ModeloPesquisa.h"
 #include "ui/TelaPesquisa.h"
 
 class PesquisaTeste : public TelaPesquisa {
@@ -106,6 +107,32 @@ private slots:
         QVERIFY(tela->close());
         QVERIFY(!tela->chamadorDefinido("Entrada"));
         QVERIFY(!tela->chamadorDefinido("Menu"));
+    }
+
+    // Past one page the grid shows its first rows at once and the caption's number follows;
+    // whoever asks for the number before that gets it exact, and a newer search is never
+    // overtaken by the count of an older one.
+    void primeiraPaginaAntesDaContagem()
+    {
+        b->banco().executar("WITH RECURSIVE n(i) AS (SELECT 10 UNION ALL SELECT i + 1 FROM n WHERE i < 509) "
+                            "INSERT INTO Cliente (CodCliente, NomeCliente, Telefone, Excluidos) "
+                            "SELECT i, 'CARLA ' || i, '5555-' || i, 0 FROM n");
+        busca(0, "carla");
+        QCOMPARE(GradeTeste::linhas(grade()), ModeloPesquisa::TamanhoPagina);
+        QCOMPARE(tela->windowTitle(), QString("Busca Cliente"));
+        QTRY_COMPARE(GradeTeste::linhas(grade()), 500);
+        QCOMPARE(tela->windowTitle(), QString("Busca Cliente - 500 clientes encontrados"));
+        QCOMPARE(GradeTeste::celula(grade(), 499, 1), QString("CARLA 99"));  // read as it is reached
+
+        busca(0, "carla");
+        QCOMPARE(tela->encontrados(), 500);
+        QCOMPARE(GradeTeste::linhas(grade()), 500);
+
+        busca(0, "carla");
+        busca(0, "ana");
+        QTest::qWait(20);
+        QCOMPARE(GradeTeste::linhas(grade()), 2);
+        QCOMPARE(tela->windowTitle(), QString("Busca Cliente - 2 clientes encontrados"));
     }
 
     void textoVazioLimpaAGrade()
