@@ -7,6 +7,7 @@
 #include <QRandomGenerator>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -99,7 +100,20 @@ void medeEstoque(Banco& b, QList<Medida>& m, int textos)
     auto* campo = tela->findChild<QComboBox*>(QStringLiteral("CBusca"));
     auto* texto = tela->findChild<QLineEdit*>(QStringLiteral("TxtBusca"));
     campo->setCurrentIndex(1);
-    m << mede("Estoque: buscar por descrição", 20, prefixos, [&](const QString& t) {
+    // A search shows its first page; the number in the caption follows it.
+    auto* grade = tela->findChild<QTableView*>(QStringLiteral("Grade"));
+    auto primeiraPagina = [grade] {
+        const int n = qMin(100, grade->model()->rowCount());
+        for (int i = 0; i < n; ++i)
+            grade->model()->index(i, 1).data();
+        return n;
+    };
+    m << mede("Estoque: buscar por descrição, 1ª página", 20, prefixos, [&](const QString& t) {
+        texto->setText(t);
+        tela->busca();
+        return primeiraPagina();
+    });
+    m << mede("Estoque: buscar por descrição, contagem depois da 1ª página", 100, prefixos, [&](const QString& t) {
         texto->setText(t);
         tela->busca();
         return int(tela->encontrados());
@@ -108,10 +122,10 @@ void medeEstoque(Banco& b, QList<Medida>& m, int textos)
     for (int i = 0; i < textos; ++i)
         codigos << QStringLiteral("%1").arg(1 + (i * 1973) % Produtos, 7, 10, QLatin1Char('0')).left(5);
     campo->setCurrentIndex(0);
-    m << mede("Estoque: buscar por código", 20, codigos, [&](const QString& t) {
+    m << mede("Estoque: buscar por código, 1ª página", 20, codigos, [&](const QString& t) {
         texto->setText(t);
         tela->busca();
-        return int(tela->encontrados());
+        return primeiraPagina();
     });
     m << mede("Estoque: filtro de estoque mínimo sobre todos", 200, QStringList(textos, QString()), [&](const QString&) {
         tela->mostraTodos();

@@ -83,8 +83,8 @@ int leTodas(QSqlQuery& q)
 }
 
 // The plain statement through the box's own index: the folded column's range, or its
-// trigram index; live rows only; the count, then the first rows in the grid's order.
-int cru(Banco& b, const Criterio& c, const QStringList& colunas, const QString& texto)
+// trigram index; live rows only; the first rows in the grid's order, or their count.
+int cru(Banco& b, const Criterio& c, const QStringList& colunas, const QString& texto, bool contagem = false)
 {
     const DefTabela* t = Esquema::tabela(c.tabela);
     const DefColuna* col = t->coluna(c.coluna);
@@ -94,7 +94,8 @@ int cru(Banco& b, const Criterio& c, const QStringList& colunas, const QString& 
         ? Condicao{b.condicaoTrigrama(*t, *col), {b.valorTrigrama(d)}}
         : Condicao{QStringLiteral("%1 >= ? AND %1 < ?").arg(col->nomeDobrado()), {d, d + QString::fromUcs4(&maior, 1)}};
     const QString onde = indice.sql + QStringLiteral(" AND Excluidos = 0");
-    b.escalar(QStringLiteral("SELECT COUNT(*) FROM %1 WHERE %2").arg(c.tabela, onde), indice.valores);
+    if (contagem)
+        return b.escalar(QStringLiteral("SELECT COUNT(*) FROM %1 WHERE %2").arg(c.tabela, onde), indice.valores).toInt();
     QSqlQuery q = b.executar(QStringLiteral("SELECT %1 FROM %2 WHERE %3 ORDER BY %4, %5 LIMIT %6")
                                  .arg(colunas.join(','), c.tabela, onde, c.ordem, t->chave)
                                  .arg(Primeiras),
@@ -102,11 +103,17 @@ int cru(Banco& b, const Criterio& c, const QStringList& colunas, const QString& 
     return leTodas(q);
 }
 
+// The grid's first rows; the count that follows them on the screen has its own line.
 int busca(Banco& b, const Criterio& c, const QStringList& colunas, const QString& texto)
 {
     PaginasBusca pg(b, c.tabela, BuscaOrdens::condicao(b, c, texto), c.ordem, colunas);
-    pg.contar();
     return int(pg.proximas(Primeiras).size());
+}
+
+int contagem(Banco& b, const Criterio& c, const QStringList& colunas, const QString& texto)
+{
+    PaginasBusca pg(b, c.tabela, BuscaOrdens::condicao(b, c, texto), c.ordem, colunas);
+    return int(pg.contar());
 }
 
 } // namespace
@@ -159,20 +166,22 @@ void medePesquisaOs(Banco& b, int nTextos, QList<Medida>& m)
     for (const auto& [titulo, criterio, lista] : linhas) {
         const Criterio c = criterio;
         const QStringList& colunas = c.tabela == QLatin1String("VisitaTecnico") ? ColunasVisitas : ColunasOrdens;
-        m << mede(titulo + QStringLiteral(": contagem e 100 primeiras"), 20, lista,
+        m << mede(titulo + QStringLiteral(": 100 primeiras"), 20, lista,
                   [&](const QString& t) { return busca(b, c, colunas, t); },
                   [&](const QString& t) { return cru(b, c, colunas, t); });
+        m << mede(titulo + QStringLiteral(": contagem depois da 1ª página"), 200, lista,
+                  [&](const QString& t) { return contagem(b, c, colunas, t); },
+                  [&](const QString& t) { return cru(b, c, colunas, t, true); });
     }
     // The telephone first; the mobile only when no telephone holds the digits.
     const Criterio tel = BuscaOrdens::criterioRapida(Rapida::Telefone);
     const Criterio cel = BuscaOrdens::criterioRapida(Rapida::Celular);
     const QStringList celular = textos(b, "OrdemServico", "Celular", nTextos, [](const QString& v) { return v.right(8); });
-    m << mede(QStringLiteral("Busca rápida: telefone, senão celular, no meio: contagem e 100 primeiras"), 20,
+    m << mede(QStringLiteral("Busca rápida: telefone, senão celular, no meio: 100 primeiras"), 20,
               telefone + celular,
               [&](const QString& t) {
-                  PaginasBusca pg(b, tel.tabela, BuscaOrdens::condicao(b, tel, t), tel.ordem, ColunasOrdens);
-                  if (pg.contar() > 0)
-                      return int(pg.proximas(Primeiras).size());
+                  if (const int n = busca(b, tel, ColunasOrdens, t); n > 0)
+                      return n;
                   return busca(b, cel, ColunasOrdens, t);
               },
               [&](const QString& t) {

@@ -8,6 +8,8 @@
 #include <QTextStream>
 
 #include "data/Banco.h"
+#include "data/Busca.h"
+#include "data/Texto.h"
 #include "data/Esquema.h"
 #include "data/Sessao.h"
 #include "data/Transacao.h"
@@ -61,7 +63,8 @@ void preenche(Banco& b)
     b.executar(QStringLiteral("ANALYZE"));
 }
 
-// The search screen on a text, with the grid's first 100 rows read as they are shown.
+// The search screen on a text, up to its grid showing the first 100 rows; the count of
+// all the rows found follows the first page and has a line of its own.
 int buscaNaTela(PesquisaProduto* tela, const QString& texto, bool aoDigitar)
 {
     auto* caixa = tela->findChild<QLineEdit*>(QStringLiteral("Text1(2)"));
@@ -74,7 +77,20 @@ int buscaNaTela(PesquisaProduto* tela, const QString& texto, bool aoDigitar)
     const int n = qMin(100, grade->model()->rowCount());
     for (int i = 0; i < n; ++i)
         grade->model()->index(i, 3).data();
-    return tela->encontrados();
+    return n;
+}
+
+// The same rows by hand: the folded description holding the text, in the grid's order.
+int primeirasCru(Banco& b, const QString& texto)
+{
+    QSqlQuery q = b.executar(QStringLiteral("SELECT Armazenado, codpeca, CodOriginal, Descricao, Equivalente, PrecoVenda, "
+                                            "Revendedor, PrecoCusto, CodPecAut FROM Produto WHERE Descricao_b LIKE ? "
+                                            "ESCAPE '\\' ORDER BY Descricao, CodPecAut LIMIT 100"),
+                             {QStringLiteral("%") + Busca::escapaLike(Texto::dobra(texto), false) + QStringLiteral("%")});
+    int n = 0;
+    while (q.next())
+        ++n;
+    return n;
 }
 
 } // namespace
@@ -105,12 +121,24 @@ void medeProdutos(Banco& b, int nTextos, QList<Medida>& m)
     sessao().UsuarioNome = QStringLiteral("BENCH");
 
     auto* pesquisa = qobject_cast<PesquisaProduto*>(RegistroTelas::abrir(QStringLiteral("PesquisaProduto")));
-    m << mede("Produto: pesquisa por descrição (Enter), 3+ letras, 100 linhas", 20, longos,
-              [&](const QString& t) { return buscaNaTela(pesquisa, t, false); });
-    m << mede("Produto: pesquisa por descrição (Enter), 1–2 letras, 100 linhas", 50, curtos,
-              [&](const QString& t) { return buscaNaTela(pesquisa, t, false); });
-    m << mede("Produto: pesquisa ao digitar, 3+ letras, 100 linhas", 20, longos,
-              [&](const QString& t) { return buscaNaTela(pesquisa, t, true); });
+    const Operacao cru = [&](const QString& t) { return primeirasCru(b, t); };
+    m << mede("Produto: pesquisa por descrição (Enter), 3+ letras, 1ª página", 20, longos,
+              [&](const QString& t) { return buscaNaTela(pesquisa, t, false); }, cru);
+    m << mede("Produto: pesquisa por descrição (Enter), 1–2 letras, 1ª página", 50, curtos,
+              [&](const QString& t) { return buscaNaTela(pesquisa, t, false); }, cru);
+    m << mede("Produto: pesquisa ao digitar, 3+ letras, 1ª página", 20, longos,
+              [&](const QString& t) { return buscaNaTela(pesquisa, t, true); }, cru);
+    // The number in the caption, counted once the first page is on the screen.
+    m << mede("Produto: contagem depois da 1ª página, 1–2 letras", 200, curtos,
+              [&](const QString& t) {
+                  buscaNaTela(pesquisa, t, false);
+                  return pesquisa->encontrados();
+              },
+              [&](const QString& t) {
+                  primeirasCru(b, t);
+                  return b.escalar(QStringLiteral("SELECT COUNT(*) FROM Produto WHERE Descricao_b LIKE ? ESCAPE '\\'"),
+                                   {QStringLiteral("%") + Busca::escapaLike(Texto::dobra(t), false) + QStringLiteral("%")}).toInt();
+              });
     RegistroTelas::fechar(QStringLiteral("PesquisaProduto"));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
