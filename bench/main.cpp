@@ -36,7 +36,6 @@
 #include "BenchPainel.h"
 #include "BenchPesquisaOs.h"
 #include "BenchProduto.h"
-#include "Carga.h"
 #include "Manutencao.h"
 #include "Medidor.h"
 #include "data/Banco.h"
@@ -47,6 +46,7 @@
 #include "data/PaginasBusca.h"
 #include "data/Recordset.h"
 #include "documents/Impressora.h"
+#include "maintenance/GeradorDados.h"
 #include "data/Sessao.h"
 #include "data/Texto.h"
 #include "data/Transacao.h"
@@ -212,8 +212,13 @@ int main(int argc, char** argv)
                 for (const QString& i : std::as_const(indices))
                     b->executar(QStringLiteral("DROP INDEX %1").arg(i));
             }
-            Carga::clientes(*b, clientes);
-            Carga::ordens(*b, ordens, abertas, clientes);
+            const GeradorDados::Progresso conta = [&](const QString& etapa, qint64 feito, qint64 total) {
+                err << etapa << ": " << feito << "/" << total << "\n";
+                err.flush();
+                return true;
+            };
+            GeradorDados::clientes(*b, clientes, conta);
+            GeradorDados::ordens(*b, ordens, abertas, clientes, conta);
             if (!indices.isEmpty()) {
                 err << "Criando os índices...\n";
                 b->garantirEsquema();
@@ -225,7 +230,7 @@ int main(int argc, char** argv)
             if (c.motor == Motor::SQLite)
                 b->executar("PRAGMA synchronous = FULL");
         }
-        Carga::contadores(*b);
+        GeradorDados::contadores(*b);
         if (c.motor == Motor::SQLite)
             b->executar("PRAGMA wal_checkpoint(TRUNCATE)");
         if (p.isSet("so-carga"))
