@@ -30,7 +30,7 @@ QString GeradorSql::item(const QStringList& lista, const QString& indice) const
     for (const QString& s : lista)
         aspas << QLatin1Char('"') + s + QLatin1Char('"');
     const QString json = QLatin1Char('[') + aspas.join(QLatin1Char(',')) + QLatin1Char(']');
-    return motor == Motor::SQLite ? QStringLiteral("('%1' ->> %2)").arg(json, indice)
+    return motor == Motor::SQLite ? QStringLiteral("('%1' ->> (%2))").arg(json, indice)
                                   : QStringLiteral("(CAST('%1' AS jsonb) ->> CAST(%2 AS int))").arg(json, indice);
 }
 
