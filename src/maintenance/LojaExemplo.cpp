@@ -46,7 +46,6 @@ ConfigBanco config()
     ConfigBanco c;
     c.motor = Motor::SQLite;
     c.pasta = pasta();
-    c.criarSeNaoExistir = true;
     return c;
 }
 
@@ -63,7 +62,9 @@ bool criar(const GeradorDados::Progresso& progresso, QString* erro)
         return false;
     bool feito = false;
     try {
-        auto b = Banco::abrir(config());
+        ConfigBanco c = config();
+        c.criarSeNaoExistir = true;
+        auto b = Banco::abrir(c);
         b->garantirEsquema();
         GeradorDados::lojaExemplo(*b, QDate::currentDate(), {}, progresso);
         feito = true;

@@ -1,0 +1,100 @@
+#include <QComboBox>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "AmbienteShell.h"
+#include "maintenance/LojaExemplo.h"
+#include "shell/Inicializacao.h"
+#include "shell/Principal.h"
+#include "shell/Reconecta.h"
+#include "ui/Dialogos.h"
+
+// Opening the sample shop: from the first start's question or from the command line, on
+// its own store, with the user and password shown on the login, and the shop's own
+// folder (its Toldex.ini and store, when there are any) left as they were.
+class TesteLojaExemplo : public QObject {
+    Q_OBJECT
+
+    static QByteArray resumo(const QString& arquivo)
+    {
+        QFile f(arquivo);
+        if (!f.open(QIODevice::ReadOnly))
+            return {};
+        return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
+    }
+
+private slots:
+    void initTestCase() { Dialogos::Roteiro::iniciar(); }
+    void init()
+    {
+        Dialogos::Roteiro::limpar();
+        AmbienteShell::fecharTelas();
+    }
+
+    void abre_data()
+    {
+        QTest::addColumn<bool>("linhaDeComando");
+        QTest::addColumn<bool>("lojaReal");   // the folder already holds a shop's ini and store
+        QTest::newRow("primeira partida: cancelar e abrir a loja de exemplo") << false << false;
+        QTest::newRow("--exemplo num computador novo") << true << false;
+        QTest::newRow("--exemplo ao lado da loja de verdade") << true << true;
+    }
+    void abre()
+    {
+        QFETCH(bool, linhaDeComando);
+        QFETCH(bool, lojaReal);
+        QTemporaryDir pasta;
+        qputenv("TOLDEX_PASTA", pasta.path().toUtf8());
+        const QString arquivoReal = QDir(pasta.path()).filePath(NomeArquivoBanco);
+        if (lojaReal) {
+            ConfigBanco c = Local::lerConfig();
+            c.criarSeNaoExistir = true;
+            auto b = Banco::abrir(c);
+            b->garantirEsquema();
+            b->executar("UPDATE Empresa SET NomeEmpresa = 'ELETRÔNICA DO BAIRRO'");
+            b->executar("PRAGMA wal_checkpoint(TRUNCATE)");
+        }
+        const QByteArray realAntes = resumo(arquivoReal), iniAntes = resumo(Local::arquivoIni());
+        Inicializacao inicio;
+        if (linhaDeComando) {
+            inicio.usarLojaExemplo();
+        } else {
+            Dialogos::Roteiro::responder(QVariant::fromValue(Dialogos::Resposta::Cancelar));
+            Dialogos::Roteiro::responderSim();
+        }
+        QVERIFY(inicio.iniciar());
+        // The command line asks nothing; the first start asks twice.
+        QCOMPARE(Dialogos::Roteiro::contem(QStringLiteral("Abrir a loja de exemplo?")), !linhaDeComando);
+        QCOMPARE(Dialogos::Roteiro::pendentes(), 0);
+
+        QTRY_VERIFY(RegistroTelas::aberta("TelaInicial"));
+        QWidget* login = RegistroTelas::abrir("TelaInicial");
+        auto* aviso = login->findChild<QLabel*>("LblExemplo");
+        QVERIFY(aviso);
+        QVERIFY(aviso->text().contains("ADMIN") && aviso->text().contains("exemplo"));
+        QCOMPARE(login->findChild<QComboBox*>("CUsuario")->currentText(), QStringLiteral("ADMIN"));
+        QCOMPARE(Conexoes::config().arquivoSqlite(), QDir(pasta.path()).filePath("exemplo/" + NomeArquivoBanco));
+        QCOMPARE(Reconexao::configAtual().arquivoSqlite(), Conexoes::config().arquivoSqlite());
+
+        // The password shown lets the user in, and the window says whose shop this is.
+        QTest::keyClicks(login->findChild<QLineEdit*>("TxtSenha"), "exemplo");
+        QTest::mouseClick(login->findChild<QPushButton*>("Botao(0)"), Qt::LeftButton);
+        QTRY_VERIFY(Principal::instancia());
+        QVERIFY(Principal::instancia()->windowTitle().contains("Loja de exemplo"));
+        AmbienteShell::fecharTelas();
+        Conexoes::fecharSlots();
+
+        QCOMPARE(resumo(arquivoReal), realAntes);
+        QCOMPARE(resumo(Local::arquivoIni()), iniAntes);
+        QCOMPARE(QFile::exists(arquivoReal), lojaReal);
+        QCOMPARE(QFile::exists(Local::arquivoIni()), lojaReal);
+    }
+};
+
+QTEST_MAIN(TesteLojaExemplo)
+#include "tst_lojaexemplo.moc"
