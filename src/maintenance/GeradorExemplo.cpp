@@ -432,8 +432,8 @@ private:
                      "OrdemServico o WHERE " + mes);
     }
 
-    // What is owed to the shop (the orders delivered for 30 days), by cheque, and what the
-    // shop owes its suppliers: some paid, some due, some late.
+    // What is owed to the shop (the orders of the last four months delivered for 30 days),
+    // by cheque, and what the shop owes its suppliers: some paid, some due, some late.
     void contas()
     {
         const QString paga = "o.CodOs % 2 = 0 AND " + g.somaDias("o.DataSaida", 30) + " < '" + hoje + "'";
@@ -447,7 +447,8 @@ private:
                       {"DataPagamento", "CASE WHEN " + paga + " THEN " + g.somaDias("o.DataSaida", 30) + " ELSE '' END"},
                       {"TipoRecebimento", "CASE WHEN " + paga + " THEN 'DINHEIRO-VISTA' ELSE '' END"},
                       {"ValorRecebido", "CASE WHEN " + paga + " THEN o.ValorPagar ELSE 0 END"}},
-                     "OrdemServico o WHERE " + entregues + " AND o.CodOs % 9 = 0 AND o.ValorPagar > 0");
+                     "OrdemServico o WHERE " + entregues + " AND o.CodOs % 9 = 0 AND o.ValorPagar > 0 AND o.DataSaida >= "
+                         + antes("120"));
         const QStringList bancos = {"BANCO DO BRASIL", "CAIXA ECONÔMICA", "ITAÚ", "BRADESCO", "SANTANDER"};
         const QString compensado = g.somaDias("o.DataSaida", 30) + " < '" + hoje + "'";
         insereGerado(b, "CadastroCheque",
