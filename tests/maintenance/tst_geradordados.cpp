@@ -1,10 +1,10 @@
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "apoio/ArquivosTeste.h"
 #include "apoio/BancoTeste.h"
 #include "cash/MovimentoCaixa.h"
 #include "data/Conexoes.h"
@@ -14,8 +14,8 @@
 #include "maintenance/GeradorDados.h"
 #include "maintenance/LojaExemplo.h"
 #include "orders/ListasPainel.h"
+#include "shell/AmbienteShell.h"
 #include "shell/Usuarios.h"
-#include "data/Sessao.h"
 
 // The sample shop as the generator leaves it, on both engines, at its own size: 420 orders,
 // the newest 121 still in the shop.
@@ -185,31 +185,19 @@ private slots:
     // real store beside it left as it was, byte for byte.
     void lojaSeparada()
     {
-        QTemporaryDir dir;
-        qputenv("TOLDEX_PASTA", dir.path().toUtf8());
-        ConfigBanco real = Local::lerConfig();
-        real.criarSeNaoExistir = true;
-        {
-            auto b = Banco::abrir(real);
-            b->garantirEsquema();
-            b->executar("INSERT INTO Cliente (CodCliente, NomeCliente) VALUES (1, 'CLIENTE DA LOJA')");
-            b->executar("PRAGMA wal_checkpoint(TRUNCATE)");
-        }
-        auto resumo = [](const QString& arquivo) {
-            QFile f(arquivo);
-            if (!f.open(QIODevice::ReadOnly))
-                return QByteArray();
-            return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
-        };
-        const QByteArray antes = resumo(real.arquivoSqlite());
-        const QByteArray iniAntes = resumo(Local::arquivoIni());
-        QVERIFY(!antes.isEmpty());
+        AmbienteShell loja;
+        loja.sql("INSERT INTO Cliente (CodCliente, NomeCliente) VALUES (1, 'CLIENTE DA LOJA')");
+        loja.sql("PRAGMA wal_checkpoint(TRUNCATE)");
+        const QString arquivoReal = Conexoes::config().arquivoSqlite();
+        const QByteArray antes = ArquivosTeste::le(arquivoReal);
+        const QByteArray iniAntes = ArquivosTeste::le(Local::arquivoIni());
+        QVERIFY(!antes.isEmpty() && !iniAntes.isEmpty());
 
         QStringList etapas;
         QVERIFY(LojaExemplo::criar([&](const QString& e, qint64, qint64) { etapas << e; return true; }));
         QVERIFY(etapas.size() >= 5);
         const QString arquivo = LojaExemplo::config().arquivoSqlite();
-        QCOMPARE(QFileInfo(arquivo).absolutePath(), QDir(dir.path()).filePath("exemplo"));
+        QCOMPARE(QFileInfo(arquivo).absolutePath(), QDir(loja.pasta()).filePath("exemplo"));
         {
             auto b = Banco::abrir(LojaExemplo::config());
             QCOMPARE(conta(*b, "SELECT COUNT(*) FROM OrdemServico"), qint64(420));
@@ -228,9 +216,8 @@ private slots:
         QVERIFY(erro.isEmpty());
         QVERIFY(!QFile::exists(arquivo));
 
-        QCOMPARE(resumo(real.arquivoSqlite()), antes);
-        QCOMPARE(resumo(Local::arquivoIni()), iniAntes);
-        qunsetenv("TOLDEX_PASTA");
+        QCOMPARE(ArquivosTeste::le(arquivoReal), antes);
+        QCOMPARE(ArquivosTeste::le(Local::arquivoIni()), iniAntes);
     }
 };
 

@@ -1,5 +1,4 @@
 #include <QComboBox>
-#include <QCryptographicHash>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -7,7 +6,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <optional>
+
 #include "AmbienteShell.h"
+#include "apoio/ArquivosTeste.h"
 #include "maintenance/LojaExemplo.h"
 #include "shell/Inicializacao.h"
 #include "shell/Principal.h"
@@ -19,14 +21,6 @@
 // folder (its Toldex.ini and store, when there are any) left as they were.
 class TesteLojaExemplo : public QObject {
     Q_OBJECT
-
-    static QByteArray resumo(const QString& arquivo)
-    {
-        QFile f(arquivo);
-        if (!f.open(QIODevice::ReadOnly))
-            return {};
-        return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha256);
-    }
 
 private slots:
     void initTestCase() { Dialogos::Roteiro::iniciar(); }
@@ -48,18 +42,19 @@ private slots:
     {
         QFETCH(bool, linhaDeComando);
         QFETCH(bool, lojaReal);
-        QTemporaryDir pasta;
-        qputenv("TOLDEX_PASTA", pasta.path().toUtf8());
-        const QString arquivoReal = QDir(pasta.path()).filePath(NomeArquivoBanco);
+        QTemporaryDir vazia;
+        std::optional<AmbienteShell> loja;
         if (lojaReal) {
-            ConfigBanco c = Local::lerConfig();
-            c.criarSeNaoExistir = true;
-            auto b = Banco::abrir(c);
-            b->garantirEsquema();
-            b->executar("UPDATE Empresa SET NomeEmpresa = 'ELETRÔNICA DO BAIRRO'");
-            b->executar("PRAGMA wal_checkpoint(TRUNCATE)");
+            loja.emplace();
+            loja->sql("UPDATE Empresa SET NomeEmpresa = 'ELETRÔNICA DO BAIRRO'");
+            loja->sql("PRAGMA wal_checkpoint(TRUNCATE)");
+            Conexoes::fecharSlots();
+        } else {
+            qputenv("TOLDEX_PASTA", vazia.path().toUtf8());
         }
-        const QByteArray realAntes = resumo(arquivoReal), iniAntes = resumo(Local::arquivoIni());
+        const QString pasta = lojaReal ? loja->pasta() : vazia.path();
+        const QString arquivoReal = QDir(pasta).filePath(NomeArquivoBanco);
+        const QByteArray realAntes = ArquivosTeste::le(arquivoReal), iniAntes = ArquivosTeste::le(Local::arquivoIni());
         Inicializacao inicio;
         if (linhaDeComando) {
             inicio.usarLojaExemplo();
@@ -78,7 +73,7 @@ private slots:
         QVERIFY(aviso);
         QVERIFY(aviso->text().contains("ADMIN") && aviso->text().contains("exemplo"));
         QCOMPARE(login->findChild<QComboBox*>("CUsuario")->currentText(), QStringLiteral("ADMIN"));
-        QCOMPARE(Conexoes::config().arquivoSqlite(), QDir(pasta.path()).filePath("exemplo/" + NomeArquivoBanco));
+        QCOMPARE(Conexoes::config().arquivoSqlite(), QDir(pasta).filePath("exemplo/" + NomeArquivoBanco));
         QCOMPARE(Reconexao::configAtual().arquivoSqlite(), Conexoes::config().arquivoSqlite());
 
         // The password shown lets the user in, and the window says whose shop this is.
@@ -89,8 +84,8 @@ private slots:
         AmbienteShell::fecharTelas();
         Conexoes::fecharSlots();
 
-        QCOMPARE(resumo(arquivoReal), realAntes);
-        QCOMPARE(resumo(Local::arquivoIni()), iniAntes);
+        QCOMPARE(ArquivosTeste::le(arquivoReal), realAntes);
+        QCOMPARE(ArquivosTeste::le(Local::arquivoIni()), iniAntes);
         QCOMPARE(QFile::exists(arquivoReal), lojaReal);
         QCOMPARE(QFile::exists(Local::arquivoIni()), lojaReal);
     }
