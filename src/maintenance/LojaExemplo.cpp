@@ -81,6 +81,7 @@ bool criar(const GeradorDados::Progresso& progresso, QString* erro)
 void usar()
 {
     usando() = true;
+    Local::desviarIni(QDir(pasta()).filePath(QStringLiteral("Toldex.ini")));
     Sessao& s = sessao();
     s.PastaPrograma = Local::pastaPrograma();
     s.EhServidor = QStringLiteral("True");

@@ -28,6 +28,7 @@ private slots:
     {
         Dialogos::Roteiro::limpar();
         AmbienteShell::fecharTelas();
+        Local::desviarIni({});
     }
 
     void abre_data()
@@ -75,6 +76,9 @@ private slots:
         QCOMPARE(login->findChild<QComboBox*>("CUsuario")->currentText(), QStringLiteral("ADMIN"));
         QCOMPARE(Conexoes::config().arquivoSqlite(), QDir(pasta).filePath("exemplo/" + NomeArquivoBanco));
         QCOMPARE(Reconexao::configAtual().arquivoSqlite(), Conexoes::config().arquivoSqlite());
+        // What the screens write of this machine's settings stays with the sample too.
+        ArquivoIni(Local::arquivoIni()).gravar("Impressao", "AutoEntrada", "1");
+        QVERIFY(QFile::exists(QDir(pasta).filePath("exemplo/Toldex.ini")));
 
         // The password shown lets the user in, and the window says whose shop this is.
         QTest::keyClicks(login->findChild<QLineEdit*>("TxtSenha"), "exemplo");
@@ -85,9 +89,10 @@ private slots:
         Conexoes::fecharSlots();
 
         QCOMPARE(ArquivosTeste::le(arquivoReal), realAntes);
-        QCOMPARE(ArquivosTeste::le(Local::arquivoIni()), iniAntes);
+        const QString iniReal = QDir(pasta).filePath("Toldex.ini");
+        QCOMPARE(ArquivosTeste::le(iniReal), iniAntes);
         QCOMPARE(QFile::exists(arquivoReal), lojaReal);
-        QCOMPARE(QFile::exists(Local::arquivoIni()), lojaReal);
+        QCOMPARE(QFile::exists(iniReal), lojaReal);
     }
 };
 
