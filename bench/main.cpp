@@ -32,6 +32,7 @@
 #include "BenchContas.h"
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
+#include "BenchExemplo.h"
 #include "BenchMovimento.h"
 #include "BenchPainel.h"
 #include "BenchPesquisaOs.h"
@@ -295,6 +296,7 @@ int main(int argc, char** argv)
         const QStringList cliCpf = amostra(*b, "Cliente", "CnpjCpf", maxCli, nTextos, [](const QString& v) { return v; });
 
         QList<Medida> m;
+        medeExemplo(m);
         // The counter's searches: the first 100 rows of a search, as a screen's first page.
         struct Busca100 {
             QString nome;
