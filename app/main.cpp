@@ -12,6 +12,8 @@ int main(int argc, char** argv)
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/toldex.png")));
     Traducao::instalar();
     Inicializacao inicio;
+    if (QCoreApplication::arguments().contains(QStringLiteral("--exemplo")))
+        inicio.usarLojaExemplo();
     if (!inicio.iniciar())
         return 1;
     return app.exec();

@@ -32,11 +32,11 @@
 #include "BenchContas.h"
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
+#include "BenchExemplo.h"
 #include "BenchMovimento.h"
 #include "BenchPainel.h"
 #include "BenchPesquisaOs.h"
 #include "BenchProduto.h"
-#include "Carga.h"
 #include "Manutencao.h"
 #include "Medidor.h"
 #include "data/Banco.h"
@@ -47,6 +47,7 @@
 #include "data/PaginasBusca.h"
 #include "data/Recordset.h"
 #include "documents/Impressora.h"
+#include "maintenance/GeradorDados.h"
 #include "data/Sessao.h"
 #include "data/Texto.h"
 #include "data/Transacao.h"
@@ -212,8 +213,13 @@ int main(int argc, char** argv)
                 for (const QString& i : std::as_const(indices))
                     b->executar(QStringLiteral("DROP INDEX %1").arg(i));
             }
-            Carga::clientes(*b, clientes);
-            Carga::ordens(*b, ordens, abertas, clientes);
+            const GeradorDados::Progresso conta = [&](const QString& etapa, qint64 feito, qint64 total) {
+                err << etapa << ": " << feito << "/" << total << "\n";
+                err.flush();
+                return true;
+            };
+            GeradorDados::clientes(*b, clientes, conta);
+            GeradorDados::ordens(*b, ordens, abertas, clientes, conta);
             if (!indices.isEmpty()) {
                 err << "Criando os índices...\n";
                 b->garantirEsquema();
@@ -225,7 +231,7 @@ int main(int argc, char** argv)
             if (c.motor == Motor::SQLite)
                 b->executar("PRAGMA synchronous = FULL");
         }
-        Carga::contadores(*b);
+        GeradorDados::contadores(*b);
         if (c.motor == Motor::SQLite)
             b->executar("PRAGMA wal_checkpoint(TRUNCATE)");
         if (p.isSet("so-carga"))
@@ -290,6 +296,7 @@ int main(int argc, char** argv)
         const QStringList cliCpf = amostra(*b, "Cliente", "CnpjCpf", maxCli, nTextos, [](const QString& v) { return v; });
 
         QList<Medida> m;
+        medeExemplo(m);
         // The counter's searches: the first 100 rows of a search, as a screen's first page.
         struct Busca100 {
             QString nome;

@@ -30,10 +30,22 @@ QString pastaInstalada()
     return QDir(QCoreApplication::applicationDirPath()).absoluteFilePath(QStringLiteral("../share/toldex"));
 }
 
+namespace {
+QString& desvio()
+{
+    static QString d;
+    return d;
+}
+}
+
 QString arquivoIni()
 {
+    if (!desvio().isEmpty())
+        return desvio();
     return QDir(pastaPrograma()).filePath(QStringLiteral("Toldex.ini"));
 }
+
+void desviarIni(const QString& arquivo) { desvio() = arquivo; }
 
 ConfigBanco lerConfig()
 {

@@ -11,6 +11,10 @@ namespace Local {
 // overrides both (tests and portable installations).
 QString pastaPrograma();
 QString arquivoIni();
+// From now on arquivoIni() names `arquivo`: the sample shop keeps this machine's settings
+// in its own folder, so that trying it never changes the shop's. An empty text goes back
+// to the program's folder.
+void desviarIni(const QString& arquivo);
 // What an installation puts beside the program and never changes (the templates, the
 // version file): share/toldex next to the program's bin folder.
 QString pastaInstalada();

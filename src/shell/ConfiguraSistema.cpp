@@ -29,6 +29,7 @@
 #include "registers/CamposDocumento.h"
 #include "data/Local.h"
 #include "data/Sessao.h"
+#include "maintenance/LojaExemplo.h"
 #include "shell/BarraStatus.h"
 #include "shell/ConfiguraSistemaDados.h"
 #include "shell/LeEmpresa.h"
@@ -719,7 +720,8 @@ void ConfiguraSistema::testaConexao()
 {
     if (!salvar())
         return;
-    const ConfigBanco cfg = Local::lerConfig();
+    // The sample shop's own store stands whatever its settings say.
+    const ConfigBanco cfg = LojaExemplo::emUso() ? LojaExemplo::config() : Local::lerConfig();
     Conexoes::configurar(cfg);
     QString erro;
     std::unique_ptr<Banco> b = Conexoes::nova(&erro);

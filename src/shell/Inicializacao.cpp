@@ -3,12 +3,14 @@
 #include <QScreen>
 
 #include <QApplication>
+#include <QProgressDialog>
 #include <QWidget>
 
 #include "data/Banco.h"
 #include "data/Conexoes.h"
 #include "data/Sessao.h"
 #include "maintenance/ArrumacaoInicial.h"
+#include "maintenance/LojaExemplo.h"
 #include "shell/PrimeiraPartida.h"
 #include "shell/Principal.h"
 #include "shell/Reconecta.h"
@@ -29,7 +31,13 @@ bool Inicializacao::iniciar()
     // The windows come and go in turn (first window, reconnection, main window): the
     // program ends when the main window does, or when the start can't go on.
     QApplication::setQuitOnLastWindowClosed(false);
-    if (PrimeiraPartida::perguntar() == PrimeiraPartida::Papel::Cancelado)
+    if (!m_exemplo) {
+        const PrimeiraPartida::Papel papel = PrimeiraPartida::perguntar();
+        if (papel == PrimeiraPartida::Papel::Cancelado)
+            return false;
+        m_exemplo = papel == PrimeiraPartida::Papel::Exemplo;
+    }
+    if (m_exemplo && !montarLojaExemplo())
         return false;
     Conexoes::configurar(Reconexao::configAtual());
     Reconexao::instalar();
@@ -54,6 +62,32 @@ bool Inicializacao::iniciar()
         abrirTelaInicial();
         return true;
     }
+    return true;
+}
+
+bool Inicializacao::montarLojaExemplo()
+{
+    QProgressDialog progresso(QStringLiteral("Montando a loja de exemplo..."), QStringLiteral("&Cancelar"), 0, 1);
+    progresso.setObjectName(QStringLiteral("ProgressoExemplo"));
+    progresso.setWindowTitle(QStringLiteral("Loja de exemplo"));
+    progresso.setWindowModality(Qt::ApplicationModal);
+    progresso.setMinimumDuration(400);
+    QString erro;
+    const bool pronta = LojaExemplo::criar(
+        [&](const QString& etapa, qint64 feito, qint64 total) {
+            progresso.setMaximum(int(total));
+            progresso.setValue(int(feito));
+            progresso.setLabelText(QStringLiteral("Montando a loja de exemplo: %1...").arg(etapa));
+            QCoreApplication::processEvents();
+            return !progresso.wasCanceled();
+        },
+        &erro);
+    if (!pronta) {
+        if (!erro.isEmpty())
+            Dialogos::mensagem(nullptr, erro, Titulo, Dialogos::Icone::Critico);
+        return false;
+    }
+    LojaExemplo::usar();
     return true;
 }
 

@@ -12,6 +12,8 @@ public:
 
     // False when the program can't go on (the store belongs to a newer version).
     bool iniciar();
+    // Starts on the sample shop, built afresh, without asking nor reading Toldex.ini.
+    void usarLojaExemplo() { m_exemplo = true; }
 
     // Opens the store once and applies the schema steps a new version needs; tells the
     // user when it changed anything. Public for the reconnection path and for tests.
@@ -23,8 +25,10 @@ private:
     void abrirTelaInicial();
     void depoisDaTelaInicial();
     void abrirPrincipal();
+    bool montarLojaExemplo();
 
     QWidget* m_principal = nullptr;
     bool m_bancoPronto = false;
     bool m_telaInicialAberta = false;
+    bool m_exemplo = false;
 };

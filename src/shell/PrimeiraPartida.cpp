@@ -7,6 +7,15 @@
 
 namespace PrimeiraPartida {
 
+namespace {
+const QString TextoExemplo = QStringLiteral(
+    "Abrir a loja de exemplo?\n\n"
+    "Uma loja fictícia, com clientes, ordens de serviço em todas as situações, estoque, caixa e contas, "
+    "para conhecer o Toldex antes de cadastrar os seus dados. Ela é montada de novo a cada abertura; "
+    "nada do que for feito nela passa para a loja de verdade.\n\n"
+    "Sim: abrir a loja de exemplo.\nNão: sair.");
+}
+
 Papel perguntar(QWidget* pai)
 {
     if (QFileInfo::exists(Local::arquivoIni()))
@@ -18,7 +27,7 @@ Papel perguntar(QWidget* pai)
                        "um banco de dados novo será criado aqui.\n"
                        "Não: este computador é uma estação de trabalho: o banco de dados "
                        "do servidor será procurado na rede.\n"
-                       "Cancelar: sair sem configurar."),
+                       "Cancelar: sair sem configurar, ou abrir a loja de exemplo."),
         QStringLiteral("Sistema TOLDEX - primeira configuração"), Dialogos::Icone::Pergunta,
         Dialogos::Botoes::SimNaoCancelar);
     QString erro;
@@ -37,7 +46,10 @@ Papel perguntar(QWidget* pai)
             return Papel::Cancelado;
         }
         return Papel::Estacao;
-    case Dialogos::Resposta::Cancelar: break;
+    case Dialogos::Resposta::Cancelar:
+        if (Dialogos::pergunta(pai, TextoExemplo, QStringLiteral("Sistema TOLDEX - loja de exemplo")))
+            return Papel::Exemplo;
+        break;
     }
     return Papel::Cancelado;
 }

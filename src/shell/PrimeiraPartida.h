@@ -8,10 +8,12 @@ class QWidget;
 // so never starts a second, empty store of its own without anyone noticing.
 namespace PrimeiraPartida {
 
-enum class Papel { JaConfigurado, Servidor, Estacao, Cancelado };
+enum class Papel { JaConfigurado, Servidor, Estacao, Exemplo, Cancelado };
 
 // Asks only when there is no Toldex.ini, and writes the answer to it. Cancelado: the
-// user closed the question; nothing is written and the program ends.
+// user closed the question; nothing is written and the program ends. Exemplo: the user
+// only wants to try the program on the sample shop; nothing is written either, so the
+// next start asks again.
 Papel perguntar(QWidget* pai = nullptr);
 
 }

@@ -22,6 +22,7 @@
 #include "data/Local.h"
 #include "data/SenhaPostgres.h"
 #include "data/Sessao.h"
+#include "maintenance/LojaExemplo.h"
 #include "shell/Acoes.h"
 #include "shell/LeEmpresa.h"
 #include "shell/Principal.h"
@@ -82,6 +83,8 @@ void instalar()
 
 ConfigBanco configAtual()
 {
+    if (LojaExemplo::emUso())
+        return LojaExemplo::config();
     ConfigBanco c = Local::lerConfig();
     if (c.motor == Motor::PostgreSQL && !senhaSessao().isEmpty())
         c.senha = senhaSessao();

@@ -14,6 +14,7 @@
 #include "data/Conexoes.h"
 #include "data/Local.h"
 #include "data/Sessao.h"
+#include "maintenance/LojaExemplo.h"
 #include "shell/EntradaUsuario.h"
 #include "shell/InstanciaUnica.h"
 #include "shell/Programa.h"
@@ -39,6 +40,13 @@ TelaInicial::TelaInicial(QWidget* pai) : QWidget(pai, Qt::Window)
     versao->setObjectName(QStringLiteral("LblVersao"));
     versao->setAlignment(Qt::AlignCenter);
     raiz->addWidget(versao);
+    if (LojaExemplo::emUso()) {
+        auto* exemplo = new QLabel(QStringLiteral("Loja de exemplo: entre com o usuário %1 e a senha %2.")
+                                       .arg(GeradorDados::UsuarioExemplo, GeradorDados::SenhaExemplo), this);
+        exemplo->setObjectName(QStringLiteral("LblExemplo"));
+        exemplo->setAlignment(Qt::AlignCenter);
+        raiz->addWidget(exemplo);
+    }
     auto* form = new QFormLayout;
     m_usuario = new QComboBox(this);
     m_usuario->setObjectName(QStringLiteral("CUsuario"));
@@ -73,6 +81,8 @@ TelaInicial::TelaInicial(QWidget* pai) : QWidget(pai, Qt::Window)
     Pintura::pinta(this);
     resize(420, 290);
     carregar();
+    if (LojaExemplo::emUso())
+        m_usuario->setCurrentIndex(m_usuario->findText(GeradorDados::UsuarioExemplo));
 }
 
 TelaInicial::~TelaInicial() = default;
