@@ -59,7 +59,8 @@ QList<DefTabela> monta()
         "NomeNegrito:F EnderecoNegrito:F SiteNegrito:F SacNegrito:F SuporteNegrito:F VendasNegrito:F CpfCnpjNegrito:F "
         "NomeTamanho:I EnderecoTamanho:I SiteTamanho:I SacTamanho:I SuporteTamanho:I VendasTamanho:I CpfCnpjTamanho:I "
         "OsCaixa:F TipoLetra:F Menuusuario:F OSAbrePesquisa:F OSAbreCompleta:F PorcentSN:F DadoNota:F "
-        "AtivaSer:F AtivaDef:F NomeServidor DataBackup:Dt TesteOk");
+        "AtivaSer:F AtivaDef:F NomeServidor DataBackup:Dt TesteOk "
+        "PixAtivo:F PixChave PixNome PixCidade ReciboBobina:F");
 
     t << tabela("Usuario", "Chave",
         "CodUsuario:I:X NomeUsuario:T:X Sobrenome Endereco Telefone Celular Senha Funcao Observacao ImgFuncionario "
