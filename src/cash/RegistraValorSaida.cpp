@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 
 #include "cash/FormasPagamento.h"
+#include "cash/PainelPix.h"
+#include "cash/Pix.h"
 #include "data/Conexoes.h"
 #include "data/Datas.h"
 #include "data/ErroBanco.h"
@@ -122,7 +124,8 @@ void RegistraValorSaida::montaTela()
     m_forma->setObjectName(QStringLiteral("CForma"));
     m_forma->setEditable(true);
     for (const FormasPagamento::Forma& f : FormasPagamento::todas())
-        m_forma->addItem(f.texto);
+        if (f.texto != Pix::FormaPagamento)  // added at each opening while PIX is on
+            m_forma->addItem(f.texto);
     m_pendurar = new QCheckBox(QStringLiteral("Pendurar divida."), this);
     m_pendurar->setObjectName(QStringLiteral("OptPagar"));
     m_data = new QDateEdit(QDate::currentDate(), this);
@@ -166,9 +169,11 @@ void RegistraValorSaida::montaTela()
     botoes->addWidget(m_registrar);
     botoes->addWidget(m_imprimir);
     botoes->addWidget(m_fechar);
+    m_pix = new PainelPix(this);
     auto* v = new QVBoxLayout(this);
     v->addWidget(cliente);
     v->addLayout(baixo);
+    v->addWidget(m_pix);
     v->addLayout(botoes);
     resize(900, 560);
 
@@ -192,6 +197,14 @@ void RegistraValorSaida::limpaCampos()
         t->clear();
     for (QLineEdit* t : std::as_const(m_text6))
         t->clear();
+    // The settings may have changed since the screen was built.
+    const int iPix = m_forma->findText(Pix::FormaPagamento);
+    const bool comPix = Pix::configurado().has_value();
+    if (comPix && iPix < 0)
+        m_forma->addItem(Pix::FormaPagamento);
+    else if (!comPix && iPix >= 0)
+        m_forma->removeItem(iPix);
+    m_pix->esconde();
     m_forma->setCurrentIndex(-1);
     m_forma->setEditText(QString());
     m_pendurar->setChecked(false);
