@@ -122,7 +122,7 @@ QList<DefTabela> monta()
         {{"Atendida", "Excluidos"}});
 
     t << tabela("Movimento", "Codmov",
-        "Codmov:A CodVenAUT:I CodOsAut:I CodVenda:I:X ValorTotal:D ValorPagar:D ValorDesconto:D "
+        "Codmov:A CodVenAUT:I CodOsAut:I:X CodVenda:I:X ValorTotal:D ValorPagar:D ValorDesconto:D "
         "ValorDescontoPeca:D ValorPeca:D ValorCusto:D ValorPago:D ValorDiferenca:D ValorMaoobra:D "
         "ValorPorcTecnico:D TipoAparelho TipoPorcentagem:F Data:Dt:X TipoVenda CodFuncionario "
         "Funcionario CodTecnico NomeTecnico CodCliente NomeCliente Pagamento Hora Caixa CodCaixa Fornecedor");
