@@ -225,7 +225,8 @@ void CupomBobina::ordem(Impressora& p)
     traco(p);
 
     if (!entrada) {
-        if (m_pecas && !m_pecas->eof()) {
+        // The rows are walked again by every copy and by the dry run that measures the roll.
+        if (m_pecas && m_pecas->recordCount() > 0) {
             p.setFontBold(true);
             esquerda(p, QStringLiteral("Peças"));
             p.setFontBold(false);

@@ -88,7 +88,8 @@ class TstPixCaixa : public QObject {
         o.maoObra = maoObra;
         const qint64 chave = ApoioCaixa::inserirOrdem(b->banco(), o);
         tela = RegistroTelas::abrir("RegistraValorSaida");
-        QMetaObject::invokeMethod(tela, "abreOrdem", Q_ARG(QVariantMap, QVariantMap{{"CodOsAut", chave}}));
+        const QVariantMap dados{{"CodOsAut", chave}};
+        QMetaObject::invokeMethod(tela, "abreOrdem", Q_ARG(QVariantMap, dados));
         return tela != nullptr;
     }
 
@@ -130,6 +131,9 @@ private slots:
         digita(w<QLineEdit>("Txt(17)"), "10,00");
         QCOMPARE(w<QLineEdit>("TextoPix")->text(), Pix140os57);
         QCOMPARE(w<QLabel>("ValorPix")->text(), QString("R$ 140,00"));
+        // A picture of the till to look at, when asked for.
+        if (const QString png = qEnvironmentVariable("TOLDEX_GUARDAR_TELA"); !png.isEmpty())
+            tela->window()->grab().save(png);
 
         Dialogos::Roteiro::responderSim();  // less paid than the undiscounted total
         Dialogos::Roteiro::responderNao();  // the PIX isn't in the bank yet

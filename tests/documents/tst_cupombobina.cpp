@@ -120,7 +120,7 @@ private slots:
         QTest::addColumn<int>("motor");
         QTest::addColumn<int>("tipo");
         QTest::addColumn<QStringList>("textos");
-        const QStringList comum = {"Eletrônica Conserta Já", "Rua das Acácias, 123", "CNPJ: 12.345.678/0001-95",
+        const QStringList comum = {"Eletrônica Conserta Já", "Rua das Acácias, 123", "CNPJ: 12-345-678-0001/95",
                                    "CUPOM NÃO FISCAL", "O.S: 4711", "Maria da Conceição", "Televisor Semp TL-32",
                                    "SN998877", "Atendido por: Ana Balcão", "corte aqui"};
         for (int m : {int(Motor::SQLite), int(Motor::PostgreSQL)}) {
