@@ -186,7 +186,7 @@ QWidget* ContaReceber::montaPagamento()
     g->addWidget(m_dtR, 5, 0);
     g->addWidget(new QLabel(QStringLiteral("Tipo recebimento"), m_framePagamento), 4, 1);
     g->addWidget(m_combo2, 5, 1);
-    m_pix = new PainelPix(m_framePagamento);
+    m_pix = new PainelPix(Qt::Horizontal, m_framePagamento);
     g->addWidget(m_pix, 6, 0, 1, 4);
     connect(m_combo2, &QComboBox::currentTextChanged, this, [this] {
         m_pix->esconde();

@@ -15,7 +15,7 @@ namespace {
 const QString Titulo = QStringLiteral("PIX");
 }
 
-PainelPix::PainelPix(QWidget* pai) : QGroupBox(QStringLiteral("PIX"), pai)
+PainelPix::PainelPix(Qt::Orientation orientacao, QWidget* pai) : QGroupBox(QStringLiteral("PIX"), pai)
 {
     setObjectName(QStringLiteral("PainelPix"));
     m_imagem = new QLabel(this);
@@ -38,12 +38,23 @@ PainelPix::PainelPix(QWidget* pai) : QGroupBox(QStringLiteral("PIX"), pai)
     auto* dica = new QLabel(QStringLiteral("Confira o recebimento no aplicativo do banco antes de registrar."), this);
     dica->setWordWrap(true);
     auto* g = new QGridLayout(this);
-    g->addWidget(m_imagem, 0, 0, 4, 1);
-    g->addWidget(m_valor, 0, 1, 1, 2);
-    g->addWidget(new QLabel(QStringLiteral("Copia e cola:"), this), 1, 1, 1, 2);
-    g->addWidget(m_texto, 2, 1);
-    g->addWidget(m_copiar, 2, 2);
-    g->addWidget(dica, 3, 1, 1, 2);
+    auto* rotulo = new QLabel(QStringLiteral("Copia e cola:"), this);
+    if (orientacao == Qt::Vertical) {
+        g->addWidget(m_imagem, 0, 0, 1, 2, Qt::AlignHCenter);
+        g->addWidget(m_valor, 1, 0, 1, 2, Qt::AlignHCenter);
+        g->addWidget(rotulo, 2, 0, 1, 2);
+        g->addWidget(m_texto, 3, 0);
+        g->addWidget(m_copiar, 3, 1);
+        g->addWidget(dica, 4, 0, 1, 2);
+        setMaximumWidth(280);
+    } else {
+        g->addWidget(m_imagem, 0, 0, 4, 1);
+        g->addWidget(m_valor, 0, 1, 1, 2);
+        g->addWidget(rotulo, 1, 1, 1, 2);
+        g->addWidget(m_texto, 2, 1);
+        g->addWidget(m_copiar, 2, 2);
+        g->addWidget(dica, 3, 1, 1, 2);
+    }
     connect(m_copiar, &QPushButton::clicked, this, &PainelPix::copia);
     hide();
 }

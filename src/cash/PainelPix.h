@@ -13,7 +13,8 @@ class QPushButton;
 class PainelPix : public QGroupBox {
     Q_OBJECT
 public:
-    explicit PainelPix(QWidget* pai = nullptr);
+    // Vertical: a column beside the till's boxes; horizontal: a strip under a form.
+    explicit PainelPix(Qt::Orientation orientacao, QWidget* pai = nullptr);
 
     // Shows the charge of `valor` for the order `numeroOs`. An amount of 0,00, PIX turned
     // off or a key that is no key: no QR, the reason told (once while the amount is being

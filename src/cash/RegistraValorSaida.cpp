@@ -161,19 +161,19 @@ void RegistraValorSaida::montaTela()
     m_imprimir = botao(9, QStringLiteral("&Imprimir"), QStringLiteral("Imprimir a ficha de saída."));
     m_fechar = botao(10, QStringLiteral("&Fechar"), QStringLiteral("Clique se deseja fechar este formulário."));
 
+    m_pix = new PainelPix(Qt::Vertical, this);
     auto* baixo = new QHBoxLayout;
     baixo->addWidget(valores, 1);
     baixo->addWidget(pagamento, 2);
+    baixo->addWidget(m_pix);
     auto* botoes = new QHBoxLayout;
     botoes->addStretch();
     botoes->addWidget(m_registrar);
     botoes->addWidget(m_imprimir);
     botoes->addWidget(m_fechar);
-    m_pix = new PainelPix(this);
     auto* v = new QVBoxLayout(this);
     v->addWidget(cliente);
     v->addLayout(baixo);
-    v->addWidget(m_pix);
     v->addLayout(botoes);
     resize(900, 560);
 

@@ -201,6 +201,8 @@ private slots:
         QCOMPARE(w<QLineEdit>("TextoPix")->text(), Pix80os4711);
         digita(w<QLineEdit>("Text2(5)"), "50,00");
         QCOMPARE(w<QLineEdit>("TextoPix")->text(), Pix50os4711);
+        if (const QString png = qEnvironmentVariable("TOLDEX_GUARDAR_TELA"); !png.isEmpty() && motor == int(Motor::SQLite))
+            tela->window()->grab().save(QString(png).replace(".png", "-contas.png"));
 
         Dialogos::Roteiro::responderSim();  // the PIX is in the bank
         Dialogos::Roteiro::responderSim();  // "imprimir recibo ?"
