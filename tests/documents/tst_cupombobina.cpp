@@ -55,6 +55,11 @@ class TstCupomBobina : public QObject {
         const QString arquivo = l.pdf(nome);
         if (!Impressao::imprimir(l.banco.banco(), p, Destino::pdf(arquivo)))
             return {};
+        // A copy to look at, when TOLDEX_GUARDAR_PDF names a folder.
+        if (const QString pasta = qEnvironmentVariable("TOLDEX_GUARDAR_PDF"); !pasta.isEmpty()) {
+            QFile::remove(pasta + '/' + nome + ".pdf");
+            QFile::copy(arquivo, pasta + '/' + nome + ".pdf");
+        }
         return arquivo;
     }
     static PedidoFicha pedido(TipoFicha tipo, qint64 chave, int copias = 1)
