@@ -6,6 +6,7 @@ PACOTES=(build-essential cmake ninja-build ccache pkg-config
   qt6-base-dev qt6-base-dev-tools qt6-translations-l10n libqt6sql6-sqlite libqt6sql6-psql qt6-multimedia-dev
   libgl1-mesa-dev libsodium-dev libzip-dev libpugixml-dev libsqlite3-dev
   libxlsxwriter-dev libzint-dev
+  libqrencode-dev zbar-tools
   qt6-charts-dev libqt6opengl6-dev
   postgresql postgresql-contrib poppler-utils fonts-dejavu-core xvfb xauth)
 FALTAM=()

@@ -15,6 +15,8 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "cash/PainelPix.h"
+#include "cash/Pix.h"
 #include "data/Banco.h"
 #include "data/Conexoes.h"
 #include "data/Datas.h"
@@ -185,6 +187,13 @@ QWidget* ContaReceber::montaPagamento()
     g->addWidget(m_dtR, 5, 0);
     g->addWidget(new QLabel(QStringLiteral("Tipo recebimento"), m_framePagamento), 4, 1);
     g->addWidget(m_combo2, 5, 1);
+    m_pix = new PainelPix(Qt::Horizontal, m_framePagamento);
+    g->addWidget(m_pix, 6, 0, 1, 4);
+    connect(m_combo2, &QComboBox::currentTextChanged, this, [this] {
+        m_pix->esconde();
+        atualizaPix();
+    });
+    connect(m_text2[ValorRecebido], &QLineEdit::editingFinished, this, &ContaReceber::atualizaPix);
     return m_framePagamento;
 }
 
@@ -263,6 +272,23 @@ void ContaReceber::abrirNoModo(const QString& modo)
     }
 }
 
+void ContaReceber::atualizaPix()
+{
+    // Only money coming in has a QR: a bill the shop pays is paid from the bank's app.
+    if (m_modoLista != Modo::Receber || m_escolhida.vazia() || m_framePagamento->isHidden()
+        || m_combo2->currentText() != Pix::FormaPagamento) {
+        m_pix->esconde();
+        return;
+    }
+    const QString digitado = m_text2[ValorRecebido]->text().trimmed();
+    const QSqlRecord& r = m_escolhida.lida;
+    const auto valor = digitado.isEmpty()
+        ? std::optional<Dinheiro>(Dinheiro::deCentavos(r.value(QStringLiteral("ValorParcela")).toLongLong()))
+        : Dinheiro::lerTexto(digitado);
+    if (valor)
+        m_pix->mostra(*valor, r.value(QStringLiteral("CodVenda")).toString());
+}
+
 void ContaReceber::poeLado(Modo lado)
 {
     m_lado = lado;
@@ -273,6 +299,12 @@ void ContaReceber::poeLado(Modo lado)
     m_botoes[8]->setText(pagar ? QStringLiteral("Contas Rece&ber") : QStringLiteral("Contas &Pagar"));
     m_combo1->clear();
     m_combo1->addItems(Contas::buscas(lado));
+    const int iPix = m_combo2->findText(Pix::FormaPagamento);
+    const bool comPix = !pagar && Pix::configurado().has_value();
+    if (comPix && iPix < 0)
+        m_combo2->addItem(Pix::FormaPagamento);
+    else if (!comPix && iPix >= 0)
+        m_combo2->removeItem(iPix);
     m_modelo->limpar();
     limpaEscolha();
     mostraPagamento(false);
@@ -285,6 +317,7 @@ void ContaReceber::alternaLado() { poeLado(m_lado == Modo::Pagar ? Modo::Receber
 void ContaReceber::limpaEscolha()
 {
     m_escolhida = Contas::Escolhida{m_modoLista, {}};
+    m_pix->esconde();
     m_ltd->clear();
     for (int i = 0; i < m_text2.size(); ++i)
         if (i != ValorRecebido && i != Observacao)
@@ -344,11 +377,13 @@ void ContaReceber::escolheLinha(int linha)
     m_text2[3]->setText(v(QStringLiteral("ValorTotal")));
     m_text2[4]->setText(v(pagar ? QStringLiteral("CodDoc") : QStringLiteral("CodVenda")));
     m_text2[7]->setText(v(pagar ? QStringLiteral("TipoConta") : QStringLiteral("TipoPagamento")));
+    atualizaPix();
 }
 
 void ContaReceber::mostraPagamento(bool ver)
 {
     m_framePagamento->setVisible(ver);
+    atualizaPix();
     if (ver) {
         m_frameData->setVisible(false);
         m_dtR->setText(QDate::currentDate().toString(Datas::FormatoTela));
@@ -461,6 +496,8 @@ void ContaReceber::confirma()
         return;
     const bool pagamento = !m_framePagamento->isHidden();
     const bool data = !m_frameData->isHidden();
+    if (pagamento && !m_escolhida.vazia() && !m_pix->isHidden() && !m_pix->confirmaRecebimento(this))
+        return;
     const bool ok = executa(QStringLiteral("Erro ao gravar formulário,"), [&] {
         if (m_escolhida.vazia())
             throw Recusa(QStringLiteral("Selecione um registro"), Recusa::Linha);

@@ -11,6 +11,7 @@
 class Banco;
 class ErroBanco;
 class ModeloPesquisa;
+class PainelPix;
 class QComboBox;
 class QDateEdit;
 class QGroupBox;
@@ -66,6 +67,8 @@ private:
     bool executa(const QString& tituloErro, const std::function<void()>& acao);
     bool imprime(const QSqlRecord& linha);
     void formataValor(QLineEdit* le);
+    // The PIX charge of the chosen receivable: the amount typed, or the instalment's.
+    void atualizaPix();
 
     // False, after telling why, when the screen has no connection to the store.
     bool conectado();
@@ -92,6 +95,7 @@ private:
     QList<QLineEdit*> m_text2;      // Text2(0..7)
     QLineEdit* m_dtR = nullptr;
     QComboBox* m_combo2 = nullptr;
+    PainelPix* m_pix = nullptr;
     QDateEdit* m_dtA = nullptr;
     QComboBox* m_cliFor = nullptr;  // CBCliFor
     QList<QLineEdit*> m_txt;        // Txt(0..6)

@@ -2,6 +2,7 @@
 
 #include <QSqlQuery>
 
+#include "cash/Pix.h"
 #include "data/Banco.h"
 #include "data/Datas.h"
 #include "data/Esquema.h"
@@ -387,6 +388,9 @@ FichaRecebimento recibo(Modo modo, const QSqlRecord& r)
     f.tipoRecebido = valor(r, colTipoRecebido(modo));
     f.valorPago = valor(r, colValorPago(modo));
     f.observacao = valor(r, QStringLiteral("Observacao"));
+    // A receipt of a PIX payment carries the same charge the screen showed.
+    if (modo == Modo::Receber && f.tipoRecebido == Pix::FormaPagamento)
+        f.pix = Pix::cobrancaDaLoja(Dinheiro::deCentavos(r.value(colValorPago(modo)).toLongLong()), f.descricao);
     return f;
 }
 

@@ -19,6 +19,8 @@ const QList<Forma>& todas()
         {QStringLiteral("CHEQUE-PRÉ 30/60"), 2, true, Prazo::Mensal},
         {QStringLiteral("CHEQUE-PRÉ 30/60/90"), 3, true, Prazo::Mensal},
         {QStringLiteral("CHEQUE-PRÉ 30/60/90/120"), 4, true, Prazo::Mensal},
+        // Listed only while the shop has PIX turned on.
+        {QStringLiteral("PIX"), 0, false, Prazo::Nenhum},
     };
     return f;
 }

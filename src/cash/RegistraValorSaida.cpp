@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 
 #include "cash/FormasPagamento.h"
+#include "cash/PainelPix.h"
+#include "cash/Pix.h"
 #include "data/Conexoes.h"
 #include "data/Datas.h"
 #include "data/ErroBanco.h"
@@ -122,7 +124,8 @@ void RegistraValorSaida::montaTela()
     m_forma->setObjectName(QStringLiteral("CForma"));
     m_forma->setEditable(true);
     for (const FormasPagamento::Forma& f : FormasPagamento::todas())
-        m_forma->addItem(f.texto);
+        if (f.texto != Pix::FormaPagamento)  // added at each opening while PIX is on
+            m_forma->addItem(f.texto);
     m_pendurar = new QCheckBox(QStringLiteral("Pendurar divida."), this);
     m_pendurar->setObjectName(QStringLiteral("OptPagar"));
     m_data = new QDateEdit(QDate::currentDate(), this);
@@ -158,9 +161,11 @@ void RegistraValorSaida::montaTela()
     m_imprimir = botao(9, QStringLiteral("&Imprimir"), QStringLiteral("Imprimir a ficha de saída."));
     m_fechar = botao(10, QStringLiteral("&Fechar"), QStringLiteral("Clique se deseja fechar este formulário."));
 
+    m_pix = new PainelPix(Qt::Vertical, this);
     auto* baixo = new QHBoxLayout;
     baixo->addWidget(valores, 1);
     baixo->addWidget(pagamento, 2);
+    baixo->addWidget(m_pix);
     auto* botoes = new QHBoxLayout;
     botoes->addStretch();
     botoes->addWidget(m_registrar);
@@ -192,6 +197,14 @@ void RegistraValorSaida::limpaCampos()
         t->clear();
     for (QLineEdit* t : std::as_const(m_text6))
         t->clear();
+    // The settings may have changed since the screen was built.
+    const int iPix = m_forma->findText(Pix::FormaPagamento);
+    const bool comPix = Pix::configurado().has_value();
+    if (comPix && iPix < 0)
+        m_forma->addItem(Pix::FormaPagamento);
+    else if (!comPix && iPix >= 0)
+        m_forma->removeItem(iPix);
+    m_pix->esconde();
     m_forma->setCurrentIndex(-1);
     m_forma->setEditText(QString());
     m_pendurar->setChecked(false);

@@ -14,6 +14,7 @@ class QComboBox;
 class QDateEdit;
 class QLineEdit;
 class QPushButton;
+class PainelPix;
 
 // The till: the money of a finished order (what was charged, paid, the discount, the
 // payment form, the instalments or a debt left on the slate). Its record button posts
@@ -50,6 +51,8 @@ private:
     bool leValor(QLineEdit* caixa, const QString& campo, Dinheiro* valor);
     void mostraRecusa(const QString& mensagem, const QString& titulo, bool negado);
     void perguntaCheque(const PagamentoCaixa& p, qint64 codOs);
+    // The PIX charge follows the form chosen and the amount owed (total less discount).
+    void atualizaPix();
 
     std::unique_ptr<Banco> m_banco;
     std::optional<OrdemCaixa> m_ordem;
@@ -64,4 +67,5 @@ private:
     QPushButton* m_registrar = nullptr;
     QPushButton* m_imprimir = nullptr;
     QPushButton* m_fechar = nullptr;
+    PainelPix* m_pix = nullptr;
 };

@@ -7,6 +7,8 @@
 #include <QPushButton>
 
 #include "cash/FormasPagamento.h"
+#include "cash/PainelPix.h"
+#include "cash/Pix.h"
 #include "cash/RegistraValorSaida.h"
 #include "data/Banco.h"
 #include "data/Datas.h"
@@ -84,6 +86,7 @@ void RegistraValorSaida::aoSairValor(QLineEdit* caixa)
         m_txt[12]->setText(formata(texto));
     else if (texto == m_txt[17]->text())
         m_txt[17]->setText(formata(texto));
+    atualizaPix();
 }
 
 // Change = paid − (total − discount): positive is change to give, negative still owed.
@@ -121,6 +124,30 @@ void RegistraValorSaida::escolheForma(const QString& texto)
         m_text6[i]->setText(plano.at(i).valor.texto());
         m_text6[4 + i]->setText(Datas::paraTela(plano.at(i).vencimento));
     }
+    if (f->texto == Pix::FormaPagamento) {
+        // A PIX is paid to the cent: nothing typed yet means the amount owed.
+        const auto pago = valor(m_txt[11]->text());
+        if (pago && pago->zero() && m_txt[11]->isEnabled()) {
+            m_txt[11]->setText((*total - *desconto).texto());
+            poeTroco(m_txt[11]->text());
+        }
+    }
+    // Choosing PIX again tells again why there is no QR.
+    m_pix->esconde();
+    atualizaPix();
+}
+
+void RegistraValorSaida::atualizaPix()
+{
+    if (!m_ordem || m_pendurar->isChecked() || m_forma->currentText() != Pix::FormaPagamento
+        || !m_txt[15]->text().isEmpty()) {
+        m_pix->esconde();
+        return;
+    }
+    const auto total = valor(m_txt[10]->text());
+    const auto desconto = valor(m_txt[17]->text());
+    if (total && desconto)
+        m_pix->mostra(*total - *desconto, m_txt[0]->text());
 }
 
 void RegistraValorSaida::clicaPendurar()
@@ -134,6 +161,7 @@ void RegistraValorSaida::clicaPendurar()
     if (m_pendurar->isChecked())
         m_forma->setEditText(FormasPagamento::PagarDepois);
     aplicaEstado();
+    atualizaPix();
 }
 
 // --- recording ----------------------------------------------------------------------------------
@@ -231,6 +259,9 @@ void RegistraValorSaida::registrar()
         && Dialogos::mensagem(this, QStringLiteral("Valor pago é menor que o valor total,quer continuar ?"),
                               TituloRegistrar, Dialogos::Icone::Informacao, Dialogos::Botoes::SimNao)
                != Dialogos::Resposta::Sim)
+        return;
+    // No bank is asked: the money is confirmed by whoever looks at the shop's account.
+    if (!p->pendurar && p->forma == Pix::FormaPagamento && !m_pix->confirmaRecebimento(this))
         return;
     if (p->pendurar)
         m_forma->setEditText(FormasPagamento::PagarDepois);

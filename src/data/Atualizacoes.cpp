@@ -13,6 +13,7 @@ const QList<Passo>& passos()
     static const QList<Passo> p = {
         {2, &documentosEmDigitos},
         {4, &lancamentosAnteriores},
+        {15, &recursosDesligados},
     };
     return p;
 }
@@ -81,6 +82,14 @@ void lancamentosAnteriores(Banco& banco)
     banco.executar(QStringLiteral(
         "UPDATE PecasAplicadas SET Lancada = -1 WHERE Lancada = 0 AND TipoVisita = '' AND CodOsAut IN "
         "(SELECT CodOsAut FROM OrdemServico WHERE Lancada <> 0 AND Saida <> 0)"));
+}
+
+void recursosDesligados(Banco& banco)
+{
+    // PIX and the roll printer start off; the name the payer's app shows starts as the shop's.
+    banco.executar(QStringLiteral("UPDATE Empresa SET PixAtivo = 0, ReciboBobina = 0"));
+    banco.executar(QStringLiteral("UPDATE Empresa SET PixNome = COALESCE(NomeEmpresa, '') "
+                                  "WHERE PixNome IS NULL OR PixNome = ''"));
 }
 
 }

@@ -25,4 +25,8 @@ void documentosEmDigitos(Banco& banco);
 // never charges or posts it again.
 void lancamentosAnteriores(Banco& banco);
 
+// Version 15: PIX at the till and the 80 mm roll exist, switched off; the name PIX shows
+// starts as the shop's name.
+void recursosDesligados(Banco& banco);
+
 }

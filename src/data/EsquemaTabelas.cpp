@@ -59,7 +59,8 @@ QList<DefTabela> monta()
         "NomeNegrito:F EnderecoNegrito:F SiteNegrito:F SacNegrito:F SuporteNegrito:F VendasNegrito:F CpfCnpjNegrito:F "
         "NomeTamanho:I EnderecoTamanho:I SiteTamanho:I SacTamanho:I SuporteTamanho:I VendasTamanho:I CpfCnpjTamanho:I "
         "OsCaixa:F TipoLetra:F Menuusuario:F OSAbrePesquisa:F OSAbreCompleta:F PorcentSN:F DadoNota:F "
-        "AtivaSer:F AtivaDef:F NomeServidor DataBackup:Dt TesteOk");
+        "AtivaSer:F AtivaDef:F NomeServidor DataBackup:Dt TesteOk "
+        "PixAtivo:F PixChave PixNome PixCidade ReciboBobina:F");
 
     t << tabela("Usuario", "Chave",
         "CodUsuario:I:X NomeUsuario:T:X Sobrenome Endereco Telefone Celular Senha Funcao Observacao ImgFuncionario "
@@ -121,7 +122,7 @@ QList<DefTabela> monta()
         {{"Atendida", "Excluidos"}});
 
     t << tabela("Movimento", "Codmov",
-        "Codmov:A CodVenAUT:I CodOsAut:I CodVenda:I:X ValorTotal:D ValorPagar:D ValorDesconto:D "
+        "Codmov:A CodVenAUT:I CodOsAut:I:X CodVenda:I:X ValorTotal:D ValorPagar:D ValorDesconto:D "
         "ValorDescontoPeca:D ValorPeca:D ValorCusto:D ValorPago:D ValorDiferenca:D ValorMaoobra:D "
         "ValorPorcTecnico:D TipoAparelho TipoPorcentagem:F Data:Dt:X TipoVenda CodFuncionario "
         "Funcionario CodTecnico NomeTecnico CodCliente NomeCliente Pagamento Hora Caixa CodCaixa Fornecedor");

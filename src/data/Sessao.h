@@ -53,6 +53,9 @@ struct Sessao {
     QString CfgDefineMenu = QStringLiteral("4");
     QString CfgNomeServidor;
     QString CfgPastaImagem = QStringLiteral("Toldex\\Imagem");
+    // The optional features of the "Recursos" tab: off until the shop turns them on.
+    QString CfgPixAtivo = QStringLiteral("False"), CfgPixChave, CfgPixNome, CfgPixCidade;
+    QString CfgReciboBobina = QStringLiteral("False");  // "True": sheets on an 80 mm roll
     QString DataUltimoBackup;
     double DiasAviso = 0;
     QString MaquinaNome;

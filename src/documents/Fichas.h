@@ -48,6 +48,7 @@ struct FichaRecebimento {
     QString dataCompra, dataVencimento, descricao, cliente, tipoCombinado, origem, parcela, valorParcela;
     QDate dataPagamento;
     QString tipoRecebido, valorPago, observacao;
+    QString pix;  // the PIX charge of the payment, printed as its QR; empty for other forms
 };
 
 // One print job: the sheet, how many copies, and the record it prints.
@@ -134,4 +135,5 @@ private:
     QImage m_logo;
     std::unique_ptr<Recordset> m_ordem, m_pecas, m_movimento, m_venda;
     double m_colunas[5] = {0, 0, 0, 0, 0};  // X of the parts table's heading cells
+    QString m_pix;  // the delivery's PIX charge, when the order was paid by PIX
 };

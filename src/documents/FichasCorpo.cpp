@@ -3,6 +3,7 @@
 #include "data/ErroBanco.h"
 #include "data/FuncoesMascaras.h"
 #include "data/Recordset.h"
+#include "documents/BlocoPix.h"
 #include "documents/FichaLayout.h"
 #include "documents/Fichas.h"
 #include "documents/Impressora.h"
@@ -100,6 +101,7 @@ void ImprimeFicha::fichaOrdem(Impressora& p)
         linha(p, {esq(QStringLiteral("Atendido por: ") + v("OsAlterado"))});
         regua(p);
         blocoCaixa(p, QStringLiteral("  Hora : "));
+        imprimeBlocoPix(p, m_pix, 200, 1700);
         return;
     }
     regua(p);
@@ -109,6 +111,7 @@ void ImprimeFicha::fichaOrdem(Impressora& p)
     linha(p, {dir(QStringLiteral("Valor pago: ") + o.dinheiro(QStringLiteral("ValorPago")).texto(), 14)});
     p.print();
     p.setFontBold(false);
+    imprimeBlocoPix(p, m_pix, 200, 1700);
     p.setFontSize(8);
     linha(p, {esq(QStringLiteral("Atendido por: ") + m_config.usuario), meio(QStringLiteral("Ass: ") + Hifens)});
     p.print();
@@ -363,6 +366,7 @@ void ImprimeFicha::fichaRecebimento(Impressora& p)
         p.setCurrentX(100);
         p.print(rotulo + valor);
     }
+    imprimeBlocoPix(p, r.pix, 100, 1700);
     p.print();
     regua(p, true);
 }

@@ -7,12 +7,15 @@
 #include <QPrinterInfo>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QBuffer>
 #include <QFileInfo>
+#include <QPdfWriter>
 #include <optional>
 
 #include "data/ErroBanco.h"
 #include "data/Sessao.h"
 #include "documents/ConfigImpressao.h"
+#include "documents/CupomBobina.h"
 #include "documents/Impressora.h"
 #include "documents/Visualizador.h"
 #include "ui/Dialogos.h"
@@ -139,20 +142,86 @@ std::optional<Destino::Tipo> semImpressora(QWidget* pai)
 
 } // namespace
 
+namespace {
+
+// `pagina` sets the paper; `papelProprio` keeps it also on a printer chosen in the dialog
+// (the roll), where a sheet otherwise takes the chosen printer's paper.
+bool imprimirNaPagina(const Desenho& desenho, const Destino& destino, const std::function<void(QPrinter&)>& pagina,
+                      bool papelProprio = false);
+
+// The roll's paper: 80 mm wide and as long as the drawing, measured by a dry run on a
+// page of the same width.
+QPageSize paginaBobina(const Desenho& desenho)
+{
+    const double margem = CupomBobina::MargemMm;
+    QBuffer descarte;
+    descarte.open(QIODevice::WriteOnly);
+    QPdfWriter medida(&descarte);
+    medida.setResolution(1200);
+    medida.setPageSize(QPageSize(QSizeF(CupomBobina::LarguraMm, 2000), QPageSize::Millimeter));
+    medida.setPageMargins(QMarginsF(margem, margem, margem, margem), QPageLayout::Millimeter);
+    double alturaMm = 100;
+    {
+        Impressora p(&medida);
+        if (p.iniciar()) {
+            p.setSimulacao(true);
+            desenho(p);
+            alturaMm = (p.currentY() + Impressora::MargemInferior + 200) * 25.4 / Impressora::TwipsPorPolegada;
+        }
+    }
+    return QPageSize(QSizeF(CupomBobina::LarguraMm, alturaMm + 2 * margem), QPageSize::Millimeter,
+                     QStringLiteral("Bobina 80 mm"), QPageSize::ExactMatch);
+}
+
+bool imprimirBobina(Banco& banco, const PedidoFicha& pedido, const Destino& destino)
+{
+    CupomBobina cupom(banco, pedido, ConfigFicha::atual());
+    try {
+        cupom.carregar();
+    } catch (const ErroBanco& e) {
+        Dialogos::mensagem(destino.pai, e.textoCompleto(), TituloErro, Dialogos::Icone::Aviso);
+        return false;
+    }
+    const Desenho desenho = [&cupom](Impressora& p) { cupom.imprimir(p); };
+    const QPageSize pagina = paginaBobina(desenho);
+    return imprimirNaPagina(desenho, destino, [&pagina](QPrinter& impressora) {
+        impressora.setPageSize(pagina);
+        impressora.setPageOrientation(QPageLayout::Portrait);
+        impressora.setPageMargins(QMarginsF(CupomBobina::MargemMm, CupomBobina::MargemMm, CupomBobina::MargemMm,
+                                            CupomBobina::MargemMm),
+                                  QPageLayout::Millimeter);
+        impressora.setDocName(QStringLiteral("Toldex"));
+    }, true);
+}
+
+} // namespace
+
 bool imprimir(Banco& banco, const PedidoFicha& pedido, const Destino& destino)
 {
     FichaNaSessao naSessao(pedido);
+    if (CupomBobina::escolhida() && CupomBobina::serve(pedido.tipo))
+        return imprimirBobina(banco, pedido, destino);
     auto ficha = carregar(banco, pedido, destino.pai);
     if (!ficha)
         return false;
     return imprimirDesenho([&ficha](Impressora& p) { ficha->imprimir(p); }, destino);
 }
 
-bool imprimirDesenho(const Desenho& desenho, const Destino& pedidoDestino, QPageLayout::Orientation orientacao)
+bool imprimirDesenho(const Desenho& desenho, const Destino& destino, QPageLayout::Orientation orientacao)
+{
+    return imprimirNaPagina(desenho, destino, [orientacao](QPrinter& impressora) {
+        prepararPagina(impressora);
+        impressora.setPageOrientation(orientacao);
+    });
+}
+
+namespace {
+
+bool imprimirNaPagina(const Desenho& desenho, const Destino& pedidoDestino, const std::function<void(QPrinter&)>& pagina,
+                      bool papelProprio)
 {
     QPrinter impressora(QPrinter::HighResolution);
-    prepararPagina(impressora);
-    impressora.setPageOrientation(orientacao);
+    pagina(impressora);
 
     Destino destino = pedidoDestino;
     if (destino.tipo == Destino::Tipo::Impressora && !destino.escolherImpressora
@@ -211,11 +280,15 @@ bool imprimirDesenho(const Desenho& desenho, const Destino& pedidoDestino, QPage
     if (destino.escolherImpressora) {
         // A cancelled choice doesn't stop the print: it goes to the printer last chosen.
         Dialogos::escolherImpressora(destino.pai, &impressora);
+        if (papelProprio)
+            pagina(impressora);
     }
     if (impressora.outputFileName().isEmpty() && !temImpressora(destino.pai))
         return false;
     return desenhar(desenho, impressora, destino.pai);
 }
+
+} // namespace
 
 bool fichaEntrada(Banco& banco, qint64 codOsAut, int copias, const Destino& destino)
 {

@@ -9,6 +9,7 @@
 #include "data/FuncoesMascaras.h"
 #include "data/Recordset.h"
 #include "data/Sessao.h"
+#include "cash/Pix.h"
 #include "documents/ConfigImpressao.h"
 #include "documents/FichaLayout.h"
 #include "documents/Impressora.h"
@@ -124,6 +125,16 @@ void ImprimeFicha::carregar()
         m_ordem->abrir(QStringLiteral("OrdemServico"), QStringLiteral("CodOsAut = ?"), {m_pedido.codOsAut});
         if (m_ordem->eof())
             throw ErroBanco(QStringLiteral("A ordem de serviço não foi encontrada; nada foi impresso."));
+    }
+    if (t == TipoFicha::Saida || t == TipoFicha::SaidaCaixa) {
+        // The delivery paid by PIX prints the charge the till showed: what was owed, and
+        // the order's number as its id.
+        Recordset pix(m_banco);
+        pix.abrir(QStringLiteral("Movimento"), QStringLiteral("CodOsAut = ? AND Pagamento = ?"),
+                  {m_pedido.codOsAut, Pix::FormaPagamento}, QStringLiteral("Codmov DESC"), 1);
+        if (!pix.eof())
+            m_pix = Pix::cobrancaDaLoja(pix.dinheiro(QStringLiteral("ValorTotal")) - pix.dinheiro(QStringLiteral("ValorDesconto")),
+                                        QString::number(m_ordem->inteiro(QStringLiteral("CodOs"))));
     }
     if (t == TipoFicha::Orcamento) {
         m_pecas = std::make_unique<Recordset>(m_banco);

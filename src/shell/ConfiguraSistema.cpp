@@ -30,6 +30,7 @@
 #include "data/Local.h"
 #include "data/Sessao.h"
 #include "maintenance/LojaExemplo.h"
+#include "shell/AbaRecursos.h"
 #include "shell/BarraStatus.h"
 #include "shell/ConfiguraSistemaDados.h"
 #include "shell/LeEmpresa.h"
@@ -99,6 +100,7 @@ ConfiguraSistema::ConfiguraSistema(QWidget* pai) : QWidget(pai)
         m_abas->addTab(abaCores(), QStringLiteral("Cores e imagens"));
         m_abas->addTab(abaImpressao(), QStringLiteral("Impressão"));
         m_abas->addTab(abaDocumentos(), QStringLiteral("Documentos"));
+        m_abas->addTab(AbaRecursos::monta(this), QStringLiteral("Recursos"));
         for (int i = 0; i < Dados::catalogos().size(); ++i)
             m_abas->addTab(abaCatalogo(i), QStringList{QStringLiteral("Tipos de aparelho"), QStringLiteral("Marcas"),
                                                       QStringLiteral("Serviços"), QStringLiteral("Defeitos")}[i]);
@@ -629,7 +631,7 @@ bool ConfiguraSistema::salvar()
             RegistroTelas::abrir(QStringLiteral("Negado"));
             return false;
         }
-        if (!confereCpfCnpj())
+        if (!confereCpfCnpj() || !AbaRecursos::confere(this))
             return false;
         QVariantMap empresa;
         for (const Dados::CampoEmpresa& c : Dados::camposEmpresa()) {

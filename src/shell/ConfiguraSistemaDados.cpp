@@ -8,6 +8,7 @@
 #include "data/Dinheiro.h"
 #include "data/Esquema.h"
 #include "data/Transacao.h"
+#include "shell/AbaRecursos.h"
 
 namespace ConfiguraSistemaDados {
 
@@ -66,6 +67,7 @@ const QList<CampoEmpresa>& camposEmpresa()
         l << flag("AtivaSer", QStringLiteral("Check7"));
         l << flag("AtivaDef", QStringLiteral("Check8"));
         l << texto("NomeServidor", QStringLiteral("TxtServidor"));
+        l << AbaRecursos::campos();
         return l;
     }();
     return c;

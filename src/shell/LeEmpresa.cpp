@@ -66,6 +66,16 @@ DadosEmpresa LeEmpresa(Banco& banco)
     s.CfgNomeServidor = textoOu(linha, "NomeServidor", s.MaquinaNome);
     s.CfgPastaImagem = textoOu(linha, "PastaImagem", QStringLiteral("Toldex\\Imagem"));
 
+    // The features of the "Recursos" tab stay off on a store that never had them.
+    auto ligado = [&](const char* nome) {
+        return coluna(linha, nome).toInt() != 0 ? QStringLiteral("True") : QStringLiteral("False");
+    };
+    s.CfgPixAtivo = ligado("PixAtivo");
+    s.CfgPixChave = textoOu(linha, "PixChave", QString());
+    s.CfgPixNome = textoOu(linha, "PixNome", QString());
+    s.CfgPixCidade = textoOu(linha, "PixCidade", QString());
+    s.CfgReciboBobina = ligado("ReciboBobina");
+
     d.nomeEmpresa = textoOu(linha, "NomeEmpresa", QString());
     d.testeOk = textoOu(linha, "TesteOk", QString());
 
