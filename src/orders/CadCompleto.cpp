@@ -367,8 +367,9 @@ bool CadCompleto::marcaAlterado()
     }
     if (!m_alterado) {
         m_alterado = true;
+        // Delivery stays at hand: it saves what was typed before the till takes it.
         for (int i : {0, 2, 3, 4, 10, 29})
-            m_botoes[i]->setEnabled(i == 2);
+            m_botoes[i]->setEnabled(i == 2 || (i == 10 && !m_ordem.nova()));
         m_botoes[5]->setText(Cancelar);
         m_botoes[5]->setToolTip(QStringLiteral("Cancela a alteração"));
     }
