@@ -276,6 +276,7 @@ QWidget* CadCompleto::montaAparelho()
     comissao->addWidget(opValor);
     comissao->addWidget(m_linhas.value(QStringLiteral("ValorPorcentagem")));
     comissao->addWidget(m_fabrica);
+    comissao->addWidget(m_botoes[12]);
     l->addLayout(comissao, 0, 4, 1, 2);
     int i = 3;
     for (const auto& [coluna, rotulo] : campos) {
