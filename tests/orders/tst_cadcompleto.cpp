@@ -1,4 +1,5 @@
 #include <QComboBox>
+#include <QCompleter>
 #include <QDate>
 #include <QLabel>
 #include <QLineEdit>
@@ -437,6 +438,65 @@ private slots:
         QCOMPARE(col("Img3Aparelho", chave).toString(), jpg);
         clica(30);
         QVERIFY(RegistroTelas::aberta("ImagemAmpliada"));
+    }
+
+    // The customer box offers names by their beginning; the one chosen, or the one a
+    // register hands over, fills the customer's boxes and no new customer is made.
+    void clienteDoCadastro_data() { linhasMotores(); }
+    void clienteDoCadastro()
+    {
+        QFETCH(int, motor);
+        QVERIFY(ambiente(motor));
+        b->banco().executar("INSERT INTO Cliente (CodCliente, NomeCliente, Telefone, Cidade) VALUES "
+                            "(5, 'ANA', '1133331000', 'SANTOS'), (6, 'ANDRE', '', ''), (7, 'JOANA', '', '')");
+        abre();
+        clica(0);
+        digita(caixa("TxtNomeCliente"), "AN");
+        auto* modelo = campo<QCompleter>("NomesClientes")->model();
+        QStringList nomes;
+        for (int i = 0; i < modelo->rowCount(); ++i)
+            nomes << modelo->index(i, 0).data().toString();
+        nomes.sort();
+        QCOMPARE(nomes, QStringList({"ANA", "ANDRE"}));
+        caixa("TxtBusca1")->setText("5");
+        QCOMPARE(caixa("TxtCodCliente")->text(), QString("5"));
+        QCOMPARE(caixa("TxtCidade")->text(), QString("SANTOS"));
+        QCOMPARE(caixa("TxtTelefone")->text(), QString("(11)3333-1000"));
+        clica(1);
+        QCOMPARE(col("CodCliente", ultimaOrdem()).toString(), QString("5"));
+        QCOMPARE(col("Telefone", ultimaOrdem()).toString(), QString("1133331000"));
+        QCOMPARE(conta("SELECT COUNT(*) FROM Cliente"), 3);
+        // The register's new order for its customer starts from him.
+        tela->novoComCliente({{"CodCliente", "6"}, {"NomeCliente", "ANDRE"}});
+        QVERIFY(tela->novo());
+        QCOMPARE(caixa("TxtNomeCliente")->text(), QString("ANDRE"));
+        QCOMPARE(campo<QTableWidget>("GHistorico")->rowCount(), 0);
+    }
+
+    // A store lost in the middle of the save leaves the order as it was, and the screen
+    // keeps what was typed to be saved again.
+    void falhaNoMeioDaGravacao_data() { linhasMotores(); }
+    void falhaNoMeioDaGravacao()
+    {
+        QFETCH(int, motor);
+        QVERIFY(ambiente(motor));
+        b->banco().inserir(*Esquema::tabela("ServicoExecutado"), {"CodServico", "Servico", "ValorObra", "ValorObraMinimo"},
+                           {"S1", "TROCA DE FONTE", 5000, 0});
+        const qint64 chave = ordem(8, "ANA", {"Modelo"}, {"ANTIGO"});
+        abre(chave);
+        troca(caixa("TxtModelo"), "NOVO");
+        emit campo<QTableWidget>("LServ")->cellDoubleClicked(0, 0);
+        b->banco().executar("ALTER TABLE ServicoOS RENAME TO ServicoOSFora");
+        clica(1);
+        QVERIFY(Dialogos::Roteiro::contem("Erro ao gravar formulário,"));
+        QCOMPARE(col("Modelo", chave).toString(), QString("ANTIGO"));
+        QCOMPARE(col("MaoObra", chave).toLongLong(), 0);
+        QVERIFY(tela->alterado());
+        QCOMPARE(caixa("TxtModelo")->text(), QString("NOVO"));
+        b->banco().executar("ALTER TABLE ServicoOSFora RENAME TO ServicoOS");
+        clica(1);
+        QCOMPARE(col("Modelo", chave).toString(), QString("NOVO"));
+        QCOMPARE(col("MaoObra", chave).toLongLong(), 5000);
     }
 
     void semCamera()
