@@ -34,6 +34,7 @@
 #include "registers/CamposDocumento.h"
 #include "shell/Avisos.h"
 #include "ui/AcoesSenha.h"
+#include "ui/Campos.h"
 #include "ui/Dialogos.h"
 #include "ui/FotoCadastro.h"
 #include "ui/Pintura.h"
@@ -404,15 +405,8 @@ void CadCompleto::aviso(const QString& texto, const QString& segunda)
 bool CadCompleto::eventFilter(QObject* alvo, QEvent* e)
 {
     if (e->type() == QEvent::KeyPress && !m_mostrando) {
-        auto* k = static_cast<QKeyEvent*>(e);
-        const bool navega = k->key() == Qt::Key_Tab || k->key() == Qt::Key_Backtab || k->key() == Qt::Key_Return
-            || k->key() == Qt::Key_Enter || k->key() == Qt::Key_Escape;
-        const bool edita = !k->text().isEmpty() || k->key() == Qt::Key_Backspace || k->key() == Qt::Key_Delete;
-        auto* caixa = qobject_cast<QLineEdit*>(alvo);
-        auto* texto = qobject_cast<QPlainTextEdit*>(alvo);
-        const bool soLeitura = (caixa && caixa->isReadOnly()) || (texto && texto->isReadOnly());
         // A locked or finalised order is refused before the key lands in the box.
-        if (!navega && edita && !soLeitura && !marcaAlterado()) {
+        if (Campos::teclaAltera(alvo, static_cast<QKeyEvent*>(e)) && !marcaAlterado()) {
             if (!m_ordem.nova())
                 Dialogos::mensagem(this, QStringLiteral("Esta ordem de serviço já foi definido seus valores e você "
                                                         "não tem permissão para alterar."),

@@ -103,7 +103,7 @@ private:
     // saving and the buttons (CadCompletoAcoes.cpp)
     bool ordemDosCampos(Ordem& o);
     bool gravar();
-    void voltaARetirada();
+    void mostraAlterada(const Ordem& o);
     void executaComSenha();
 
     // lists (CadCompletoListas.cpp)

@@ -227,6 +227,14 @@ void CadCompleto::retirar()
     }
 }
 
+void CadCompleto::mostraAlterada(const Ordem& o)
+{
+    // Showing resets the change mark; what was changed here stays marked as a change.
+    mostra(o);
+    m_alterado = false;
+    marcaAlterado();
+}
+
 // --- delete --------------------------------------------------------------------------------------
 
 void CadCompleto::excluir()
@@ -277,9 +285,7 @@ void CadCompleto::responder(Resposta r)
         mostraRecusa(e.recusa());
         return;
     }
-    mostra(o);
-    m_alterado = false;
-    marcaAlterado();
+    mostraAlterada(o);
 }
 
 void CadCompleto::garantia()
@@ -318,9 +324,7 @@ void CadCompleto::garantia()
         mostraRecusa(e.recusa());
         return;
     }
-    mostra(o);
-    m_alterado = false;
-    marcaAlterado();
+    mostraAlterada(o);
 }
 
 // --- delivery ------------------------------------------------------------------------------------
@@ -354,9 +358,7 @@ void CadCompleto::entregar()
     if (o.DataSaida != m_ordem.DataSaida) {
         if (!marcaAlterado())
             return;
-        mostra(o);
-        m_alterado = false;
-        marcaAlterado();
+        mostraAlterada(o);
         if (!salvar())
             return;
     }

@@ -21,7 +21,6 @@
 namespace {
 const QString TelaBusca = QStringLiteral("PesquisaProduto");
 const QString MsgNaoTemItem = QStringLiteral("Não tem item");
-const QString MsgQuantidade = QStringLiteral("Quantidade inválida: digite um número maior que zero.");
 
 QString verdade(bool b) { return b ? QStringLiteral("True") : QStringLiteral("False"); }
 
@@ -123,7 +122,7 @@ void CadCompleto::gravaPeca()
 {
     const auto quantidade = BancadaOrdem::quantidadeDaCaixa(m_pecaQuantidade->text());
     if (!quantidade) {
-        Dialogos::mensagem(this, MsgQuantidade, {}, Dialogos::Icone::Aviso);
+        Dialogos::mensagem(this, BancadaOrdem::MsgQuantidade, {}, Dialogos::Icone::Aviso);
         m_pecaQuantidade->setFocus();
         return;
     }
@@ -205,25 +204,15 @@ void CadCompleto::recebeProduto(const QVariantMap& dados)
 {
     if (!m_banco || (m_ordem.nova() && !m_novo) || !marcaAlterado())
         return;
-    std::optional<PecaAplicada> produto;
+    const QString caixa = m_pecaAberta < 0 ? m_pecaQuantidade->text() : QString();
     try {
-        // The product is read again by the key the search returns, never by its text.
-        produto = BancadaOrdem::pecaDoProduto(*m_banco, dados.value(QStringLiteral("CodPecAut")).toLongLong());
+        if (const auto recusa = BancadaOrdem::receberProduto(*m_banco, m_ordem.pecas,
+                                                              dados.value(QStringLiteral("CodPecAut")).toLongLong(), caixa)) {
+            Dialogos::mensagem(this, *recusa, {}, Dialogos::Icone::Aviso);
+            return;
+        }
     } catch (const ErroBanco& e) {
         Dialogos::erro(this, QStringLiteral("Erro ao buscar produto,"), e.textoCompleto());
-        return;
-    }
-    if (!produto) {
-        Dialogos::mensagem(this, QStringLiteral("Produto não foi encontrado"), {}, Dialogos::Icone::Aviso);
-        return;
-    }
-    const auto quantidade = BancadaOrdem::quantidadeDaCaixa(m_pecaAberta < 0 ? m_pecaQuantidade->text() : QString());
-    if (!quantidade) {
-        Dialogos::mensagem(this, MsgQuantidade, {}, Dialogos::Icone::Aviso);
-        return;
-    }
-    if (BancadaOrdem::incluirProduto(m_ordem.pecas, *produto, *quantidade) == BancadaOrdem::Inclusao::Diminuiria) {
-        Dialogos::mensagem(this, BancadaOrdem::MsgNaoDiminui, {}, Dialogos::Icone::Aviso);
         return;
     }
     recalcula();

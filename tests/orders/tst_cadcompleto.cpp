@@ -13,6 +13,7 @@
 #include <QtTest>
 
 #include "ApoioOrdens.h"
+#include "apoio/CameraFalsa.h"
 #include "apoio/BancoTeste.h"
 #include "data/Datas.h"
 #include "data/Sessao.h"
@@ -29,25 +30,6 @@ class CaixaDeTeste : public QWidget {
 public:
     static inline QList<QVariantMap> chamadas;
     Q_INVOKABLE void abreOrdem(const QVariantMap& dados) { chamadas << dados; }
-};
-
-class CameraFalsa : public Camera {
-public:
-    explicit CameraFalsa(bool existe) : m_existe(existe) {}
-    bool disponivel() const override { return m_existe; }
-    bool ligar() override { return m_ligada = m_existe; }
-    void desligar() override { m_ligada = false; }
-    bool ligada() const override { return m_ligada; }
-    QImage quadro() const override
-    {
-        QImage i(64, 48, QImage::Format_RGB32);
-        i.fill(Qt::blue);
-        return m_ligada ? i : QImage();
-    }
-
-private:
-    bool m_existe;
-    bool m_ligada = false;
 };
 
 namespace {
