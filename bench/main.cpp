@@ -29,6 +29,7 @@
 
 #include "BenchBancada.h"
 #include "BenchCaixa.h"
+#include "BenchCompleto.h"
 #include "BenchContas.h"
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
@@ -434,6 +435,7 @@ int main(int argc, char** argv)
         });
         medeEntrega(*b, m);
         medeBancada(*b, m);
+        medeCompleto(*b, m);
         medePainel(*b, m);
 
         m << medeCaixa(*b);

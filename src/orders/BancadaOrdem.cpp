@@ -74,6 +74,20 @@ Inclusao incluirProduto(QList<PecaAplicada>& pecas, const PecaAplicada& produto,
     return Inclusao::Adicionada;
 }
 
+std::optional<QString> receberProduto(Banco& banco, QList<PecaAplicada>& pecas, qint64 codPecAut,
+                                      const QString& caixaQuantidade)
+{
+    const auto produto = pecaDoProduto(banco, codPecAut);
+    if (!produto)
+        return QStringLiteral("Produto não foi encontrado");
+    const auto quantidade = quantidadeDaCaixa(caixaQuantidade);
+    if (!quantidade)
+        return MsgQuantidade;
+    if (incluirProduto(pecas, *produto, *quantidade) == Inclusao::Diminuiria)
+        return MsgNaoDiminui;
+    return std::nullopt;
+}
+
 bool alterarPeca(PecaAplicada& peca, const QString& descricao, Quantidade quantidade, Dinheiro venda,
                  Dinheiro desconto)
 {

@@ -43,6 +43,13 @@ std::optional<Quantidade> quantidadeDaCaixa(const QString& texto);
 enum class Inclusao { Adicionada, Alterada, Diminuiria };
 Inclusao incluirProduto(QList<PecaAplicada>& pecas, const PecaAplicada& produto, Quantidade quantidade);
 
+// A product chosen in the search joins the parts: read again by the key the search gives
+// (never by its text), with the quantity of the box. The message to show when it can't
+// join; nothing when it joined.
+std::optional<QString> receberProduto(Banco& banco, QList<PecaAplicada>& pecas, qint64 codPecAut,
+                                      const QString& caixaQuantidade);
+inline const QString MsgQuantidade = QStringLiteral("Quantidade inválida: digite um número maior que zero.");
+
 // A part's box stored back into its row: the whole edit, or nothing when it would lower
 // the quantity of a part that has a product.
 bool alterarPeca(PecaAplicada& peca, const QString& descricao, Quantidade quantidade, Dinheiro venda,

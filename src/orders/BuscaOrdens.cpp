@@ -1,6 +1,7 @@
 #include "orders/BuscaOrdens.h"
 
 #include "data/Banco.h"
+#include "orders/TelasOrdem.h"
 #include "registers/EntregaTelas.h"
 
 namespace BuscaOrdens {
@@ -90,7 +91,7 @@ Condicao condicao(Banco& banco, const Criterio& criterio, const QString& texto)
 Destino destino(Modo modo, bool abreCompleta, const QVariantMap& linha)
 {
     const QVariantMap chave{{QStringLiteral("CodOsAut"), linha.value(QStringLiteral("CodOsAut")).toLongLong()}};
-    const QString completa = QStringLiteral("CadCompleto");
+    const QString& completa = TelasOrdem::Completa;
     const QString nomeCompleta = QStringLiteral("O cadastro completo de O.S");
     switch (modo) {
     case Modo::Entrada:

@@ -17,6 +17,7 @@
 #include "data/PaginasBusca.h"
 #include "data/Sessao.h"
 #include "orders/PesquisaOs.h"
+#include "orders/TelasOrdem.h"
 #include "ui/Campos.h"
 #include "ui/Dialogos.h"
 #include "ui/ModeloPesquisa.h"
@@ -182,7 +183,7 @@ void BuscaRapida::escolhe(int linha)
         return;
     }
     const auto destino =
-        BuscaOrdens::destino(BuscaOrdens::Modo::Saida, Sessao::verdadeiro(sessao().CfgOSAbreCompleta), valores);
+        BuscaOrdens::destino(BuscaOrdens::Modo::Saida, TelasOrdem::abreCompleta(), valores);
     if (PesquisaOs::abreDestino(this, destino))
         for (QLineEdit* c : std::as_const(m_caixas))
             c->clear();

@@ -32,6 +32,7 @@
 #include "registers/EntregaTelas.h"
 #include "shell/Avisos.h"
 #include "ui/AcoesSenha.h"
+#include "ui/Campos.h"
 #include "ui/Dialogos.h"
 #include "ui/Pintura.h"
 #include "ui/RegistroTelas.h"
@@ -237,15 +238,8 @@ void OrdemServicoTecnico::aviso(const QString& texto, const QString& segunda)
 bool OrdemServicoTecnico::eventFilter(QObject* alvo, QEvent* e)
 {
     if (e->type() == QEvent::KeyPress && !m_mostrando) {
-        auto* k = static_cast<QKeyEvent*>(e);
-        const bool navega = k->key() == Qt::Key_Tab || k->key() == Qt::Key_Backtab || k->key() == Qt::Key_Return
-            || k->key() == Qt::Key_Enter || k->key() == Qt::Key_Escape;
-        const bool edita = !k->text().isEmpty() || k->key() == Qt::Key_Backspace || k->key() == Qt::Key_Delete;
-        auto* caixa = qobject_cast<QLineEdit*>(alvo);
-        auto* texto = qobject_cast<QPlainTextEdit*>(alvo);
-        const bool soLeitura = (caixa && caixa->isReadOnly()) || (texto && texto->isReadOnly());
         // A locked or finalised order is refused before the key lands in the box.
-        if (!navega && edita && !soLeitura && !marcaAlterado())
+        if (Campos::teclaAltera(alvo, static_cast<QKeyEvent*>(e)) && !marcaAlterado())
             return true;
     }
     return QWidget::eventFilter(alvo, e);

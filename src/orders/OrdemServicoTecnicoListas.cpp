@@ -234,27 +234,16 @@ void OrdemServicoTecnico::recebeProduto(const QVariantMap& dados)
 {
     if (!m_banco || m_ordem.nova() || !marcaAlterado())
         return;
-    std::optional<PecaAplicada> produto;
-    try {
-        produto = BancadaOrdem::pecaDoProduto(*m_banco, dados.value(QStringLiteral("CodPecAut")).toLongLong());
-    } catch (const ErroBanco& e) {
-        Dialogos::erro(this, QStringLiteral("Erro ao buscar produto,"), e.textoCompleto());
-        return;
-    }
-    if (!produto) {
-        Dialogos::mensagem(this, QStringLiteral("Produto não foi encontrado"), {}, Dialogos::Icone::Aviso);
-        return;
-    }
     // The box's quantity only counts for a new part typed there, not for a row being edited.
     const QString caixa = m_pecaAberta < 0 ? m_pecaQuantidade->text() : QString();
-    const auto quantidade = BancadaOrdem::quantidadeDaCaixa(caixa);
-    if (!quantidade) {
-        Dialogos::mensagem(this, QStringLiteral("Quantidade inválida: digite um número maior que zero."), {},
-                           Dialogos::Icone::Aviso);
-        return;
-    }
-    if (BancadaOrdem::incluirProduto(m_ordem.pecas, *produto, *quantidade) == BancadaOrdem::Inclusao::Diminuiria) {
-        Dialogos::mensagem(this, BancadaOrdem::MsgNaoDiminui, {}, Dialogos::Icone::Aviso);
+    try {
+        if (const auto recusa = BancadaOrdem::receberProduto(*m_banco, m_ordem.pecas,
+                                                              dados.value(QStringLiteral("CodPecAut")).toLongLong(), caixa)) {
+            Dialogos::mensagem(this, *recusa, {}, Dialogos::Icone::Aviso);
+            return;
+        }
+    } catch (const ErroBanco& e) {
+        Dialogos::erro(this, QStringLiteral("Erro ao buscar produto,"), e.textoCompleto());
         return;
     }
     recalcula();

@@ -14,6 +14,7 @@
 #include "orders/Ordem.h"
 #include "orders/Pendencia.h"
 #include "orders/RecusaTela.h"
+#include "orders/TelasOrdem.h"
 #include "orders/TransicoesOrdem.h"
 #include "registers/EntregaTelas.h"
 #include "ui/Dialogos.h"
@@ -47,7 +48,7 @@ void Pendencia::abreOrdem(int linha)
     const LinhaPainel& l = m_linhas.at(linha);
     if (l.CodOs.trimmed().isEmpty())
         return;
-    const bool completa = Sessao::verdadeiro(sessao().CfgOSAbreCompleta);
+    const bool completa = TelasOrdem::abreCompleta();
     const bool bancada = ListasPainel::abreNaBancada(*m_lista);
     sessao().ListaTecnico = bancada ? 1 : 0;
     sessao().ListaSaida = bancada ? 0 : 1;
@@ -69,7 +70,7 @@ void Pendencia::abreOrdem(int linha)
         // The lists of the bench always open the bench, whatever screen delivery uses.
         tela = Bancada;
     } else {
-        tela = completa ? Completa : Saida;
+        tela = TelasOrdem::daOrdem(Saida);
     }
     if (!EntregaTelas::disponivel(tela)) {
         indisponivel(this, tela);

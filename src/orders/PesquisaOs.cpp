@@ -12,6 +12,7 @@
 #include "data/Datas.h"
 #include "data/FuncoesMascaras.h"
 #include "data/Sessao.h"
+#include "orders/TelasOrdem.h"
 #include "registers/EntregaTelas.h"
 #include "ui/Dialogos.h"
 #include "ui/RegistroTelas.h"
@@ -165,7 +166,7 @@ void PesquisaOs::acaoPadrao(const QSqlRecord& linha)
     QVariantMap valores;
     for (const char* c : {"CodOs", "CodOsAut", "CodCliente", "NomeCliente", "CodManu"})
         valores.insert(QString::fromLatin1(c), linha.value(QString::fromLatin1(c)));
-    const BuscaOrdens::Destino d = BuscaOrdens::destino(modo(), Sessao::verdadeiro(sessao().CfgOSAbreCompleta), valores);
+    const BuscaOrdens::Destino d = BuscaOrdens::destino(modo(), TelasOrdem::abreCompleta(), valores);
     if (d.tela.isEmpty()) {
         // Closing the search cleared where it was meant to lead.
         Dialogos::mensagem(this, QStringLiteral("Abra a pesquisa pelo menu, que diz onde a O.S escolhida vai abrir."),

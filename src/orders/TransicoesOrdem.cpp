@@ -120,6 +120,19 @@ void metadeEntrada(Ordem& o, const OpcoesEntrada& opcoes)
     o.OsAlterado = sessao().UsuarioNome;
 }
 
+// Transition 1 as the whole-order screen runs it: its answer buttons write today's
+// contact into the order being saved, which only an order reopened here gives up.
+void metadeEntradaCompleta(Ordem& o, bool estavaFora, const OpcoesEntrada& opcoes)
+{
+    const QString dataContato = o.DataContato;
+    const bool contato = o.Contato;
+    metadeEntrada(o, opcoes);
+    if (estavaFora && o.DataSaida.isEmpty())
+        return;
+    o.DataContato = dataContato;
+    o.Contato = contato;
+}
+
 // Transition 2's columns, shared by the bench and the whole-order screen.
 void metadeBancada(Ordem& o)
 {
@@ -356,7 +369,7 @@ QStringList salvarCompleto(Banco& banco, Ordem& o, Situacao situacao, const Opco
 {
     Ordem trabalho = o;
     ValoresOrdem::recalcular(trabalho, cfg(sessao().CfgAtivaSer));
-    metadeEntrada(trabalho, opcoes);
+    metadeEntradaCompleta(trabalho, o.Saida, opcoes);
     exigir(sessao().DireitoOsEntAl);
     const bool copiar = NumeroOrdem::pedeNumeroFabrica(trabalho)
         && NumeroOrdem::perguntarCopiaFabrica(banco, trabalho, opcoes.perguntar);
@@ -364,7 +377,7 @@ QStringList salvarCompleto(Banco& banco, Ordem& o, Situacao situacao, const Opco
         // The intake half is stored on its own, as the two separate screens would; what
         // belongs to the bench stays as it is stored.
         Ordem entrada = metadeEntradaDe(banco, o);
-        metadeEntrada(entrada, opcoes);
+        metadeEntradaCompleta(entrada, o.Saida, opcoes);
         GravacaoOrdem::Filhas f;
         f.sintomas = cfg(sessao().CfgAtivaDef);
         GravacaoOrdem::gravar(banco, entrada, f, TelaOrdem::Completa, copiar);

@@ -19,6 +19,7 @@
 #include "data/FuncoesMascaras.h"
 #include "data/Recordset.h"
 #include "data/Sessao.h"
+#include "orders/TelasOrdem.h"
 #include "registers/BuscaClientes.h"
 #include "registers/CamposDocumento.h"
 #include "registers/EntregaTelas.h"
@@ -182,14 +183,12 @@ Cliente::Cliente(QWidget* pai) : TelaCadastro(pai)
 
 QString Cliente::telaNovaOrdem()
 {
-    return Sessao::verdadeiro(sessao().CfgOSAbreCompleta) ? QStringLiteral("CadCompleto")
-                                                          : QStringLiteral("OrdemServicoEntrada");
+    return TelasOrdem::novaOrdem();
 }
 
 QString Cliente::telaOrdemExistente()
 {
-    return Sessao::verdadeiro(sessao().CfgOSAbreCompleta) ? QStringLiteral("CadCompleto")
-                                                          : QStringLiteral("OrdemServicoSaida");
+    return TelasOrdem::daOrdem(QStringLiteral("OrdemServicoSaida"));
 }
 
 void Cliente::abrirNoModo(const QString& modo)

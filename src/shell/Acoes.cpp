@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "data/Sessao.h"
+#include "orders/TelasOrdem.h"
 #include "shell/ProgramasExternos.h"
 #include "ui/Dialogos.h"
 #include "ui/RegistroTelas.h"
@@ -29,8 +30,9 @@ QString alvoNovaOs(Origem origem, QString* modo)
     }
     if (modo)
         modo->clear();
-    if (origem == Origem::MenuLateral && Sessao::verdadeiro(s.CfgOSAbreCompleta))
-        return QStringLiteral("CadCompleto");
+    // The menu bar's item is the intake's whatever the shop's setting says.
+    if (origem == Origem::MenuLateral)
+        return TelasOrdem::novaOrdem();
     return QStringLiteral("OrdemServicoEntrada");
 }
 

@@ -100,6 +100,19 @@ void preparaLinha(QLineEdit* le, bool numerico)
     });
 }
 
+bool teclaAltera(QObject* alvo, const QKeyEvent* k)
+{
+    const int tecla = k->key();
+    if (tecla == Qt::Key_Tab || tecla == Qt::Key_Backtab || tecla == Qt::Key_Return || tecla == Qt::Key_Enter
+        || tecla == Qt::Key_Escape)
+        return false;
+    if (k->text().isEmpty() && tecla != Qt::Key_Backspace && tecla != Qt::Key_Delete)
+        return false;
+    auto* caixa = qobject_cast<QLineEdit*>(alvo);
+    auto* texto = qobject_cast<QPlainTextEdit*>(alvo);
+    return !((caixa && caixa->isReadOnly()) || (texto && texto->isReadOnly()));
+}
+
 } // namespace Campos
 
 namespace {

@@ -1,7 +1,9 @@
 #pragma once
 #include <QString>
 
+class QKeyEvent;
 class QLineEdit;
+class QObject;
 class QWidget;
 
 // Reading and filling the entry widgets of a screen without caring which kind each is,
@@ -18,4 +20,7 @@ void preparaLinha(QLineEdit* le, bool numerico);
 QString soNumerico(const QString& t);
 // Enter in the field moves to the next field, as the counter staff are used to.
 void enterAvanca(QWidget* campo);
+// The key would change the text of a box that can be written: not a move between boxes.
+// An order's screens test their locks on it before the key lands.
+bool teclaAltera(QObject* alvo, const QKeyEvent* k);
 }

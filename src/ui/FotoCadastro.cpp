@@ -68,13 +68,13 @@ bool FotoCadastro::escolheArquivo(const QString& proposto)
     return true;
 }
 
-void FotoCadastro::alternaCamera(QPushButton* b)
+void FotoCadastro::alternaCamera(QPushButton* b, const QString& ligar, const QString& encerrar)
 {
-    if (b->text() == QLatin1String("Encerra")) {
+    if (b->text() == encerrar) {
         m_video->stop();
         if (m_camera)
             m_camera->desligar();
-        b->setText(QStringLiteral("WebCam"));
+        b->setText(ligar);
         return;
     }
     if (!m_camera)
@@ -85,7 +85,7 @@ void FotoCadastro::alternaCamera(QPushButton* b)
         return;
     }
     m_video->start();
-    b->setText(QStringLiteral("Encerra"));
+    b->setText(encerrar);
 }
 
 void FotoCadastro::paraPrevia()

@@ -28,8 +28,9 @@ public:
     void defineVazia(const QString& recurso) { m_vazia = recurso; }
     // A file chosen by the user: true when the path changed.
     bool escolheArquivo(const QString& proposto);
-    // Switches the camera on ("Encerra" on the button) or off ("WebCam").
-    void alternaCamera(QPushButton* botao);
+    // Switches the camera on (the button then reads `encerrar`) or off (`ligar`).
+    void alternaCamera(QPushButton* botao, const QString& ligar = QStringLiteral("WebCam"),
+                       const QString& encerrar = QStringLiteral("Encerra"));
     void paraPrevia();
     // Shows the camera's frames again, when it is on.
     void retomaPrevia();

@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include "ui/AmbienteTela.h"
+#include "apoio/CameraFalsa.h"
 #include "apoio/OutraEstacao.h"
 #include "data/Sessao.h"
 #include "shell/Camera.h"
@@ -16,24 +17,6 @@
 #include "ui/RegistroTelas.h"
 
 // A camera that always shows the same green frame.
-class CameraFalsa : public Camera {
-public:
-    explicit CameraFalsa(bool existe) : m_existe(existe) {}
-    bool disponivel() const override { return m_existe; }
-    bool ligar() override { return m_ligada = m_existe; }
-    void desligar() override { m_ligada = false; }
-    bool ligada() const override { return m_ligada; }
-    QImage quadro() const override
-    {
-        QImage i(64, 48, QImage::Format_RGB32);
-        i.fill(Qt::green);
-        return m_ligada ? i : QImage();
-    }
-private:
-    bool m_existe;
-    bool m_ligada = false;
-};
-
 class TstFuncionario : public QObject {
     Q_OBJECT
     std::unique_ptr<BancoTeste> b;
