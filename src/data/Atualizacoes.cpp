@@ -4,6 +4,7 @@
 
 #include "data/Banco.h"
 #include "data/Esquema.h"
+#include "orders/AvisoCliente.h"
 
 namespace Atualizacoes {
 
@@ -13,6 +14,7 @@ const QList<Passo>& passos()
     static const QList<Passo> p = {
         {2, &documentosEmDigitos},
         {4, &lancamentosAnteriores},
+        {16, &avisoCliente},
     };
     return p;
 }
@@ -81,6 +83,17 @@ void lancamentosAnteriores(Banco& banco)
     banco.executar(QStringLiteral(
         "UPDATE PecasAplicadas SET Lancada = -1 WHERE Lancada = 0 AND TipoVisita = '' AND CodOsAut IN "
         "(SELECT CodOsAut FROM OrdemServico WHERE Lancada <> 0 AND Saida <> 0)"));
+}
+
+void avisoCliente(Banco& banco)
+{
+    // The shop finds the standard texts in place to edit, and the feature off until it
+    // chooses to use it; the warranty is the 90 days the law gives a repair.
+    AvisoCliente::Config c;
+    for (AvisoCliente::Situacao s : AvisoCliente::situacoes())
+        c.modelos.append({s, AvisoCliente::modeloPadrao(s)});
+    AvisoCliente::gravarConfig(banco, c);
+    banco.executar(QStringLiteral("UPDATE Empresa SET DiasGarantia = 90 WHERE DiasGarantia = 0"));
 }
 
 }

@@ -25,4 +25,8 @@ void documentosEmDigitos(Banco& banco);
 // never charges or posts it again.
 void lancamentosAnteriores(Banco& banco);
 
+// Version 16: the templates of the customer notices, standard texts, with the notices
+// off; 90 days of warranty on a repair.
+void avisoCliente(Banco& banco);
+
 }
