@@ -93,7 +93,7 @@ void avisoCliente(Banco& banco)
     for (AvisoCliente::Situacao s : AvisoCliente::situacoes())
         c.modelos.append({s, AvisoCliente::modeloPadrao(s)});
     AvisoCliente::gravarConfig(banco, c);
-    banco.executar(QStringLiteral("UPDATE Empresa SET DiasGarantia = 90 WHERE DiasGarantia = 0"));
+    banco.executar(QStringLiteral("UPDATE Empresa SET DiasGarantia = 90 WHERE DiasGarantia IS NULL OR DiasGarantia = 0"));
 }
 
 }

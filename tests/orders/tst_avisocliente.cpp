@@ -167,7 +167,7 @@ private slots:
     void atualizacaoEConfiguracao()
     {
         BANCO_DO_MOTOR(b);
-        b->executar("UPDATE Empresa SET AvisoOrcamento = '', AvisoAtivo = 0, DiasGarantia = 0");
+        b->executar("UPDATE Empresa SET AvisoOrcamento = '', AvisoAtivo = 0, DiasGarantia = NULL");
         b->executar("DELETE FROM VersaoEsquema WHERE Versao >= 16");
         if (b->escalar("SELECT COUNT(*) FROM VersaoEsquema").toInt() == 0)
             b->executar("INSERT INTO VersaoEsquema (Versao) VALUES (4)");
