@@ -232,6 +232,15 @@ QWidget* Pendencia::montaFrame()
     m_status[4]->setEnabled(false);
     m_avisar = new BotaoAviso(m_frame);
     g->addWidget(m_avisar, 8, 0, 1, 3);
+    // The grid's contact day follows at once; the rest waits for the next reading.
+    connect(m_avisar, &BotaoAviso::avisado, this, [this](qint64 codOsAut, const QString& data) {
+        for (int i = 0; i < m_linhas.size(); ++i)
+            if (!m_linhas[i].visita && m_linhas[i].CodOsAut == codOsAut) {
+                m_linhas[i].DataContato = data;
+                if (QTableWidgetItem* item = m_grade->item(i, 6))
+                    item->setText(Datas::bancoParaTela(data));
+            }
+    });
     g->setRowStretch(9, 1);
     return m_frame;
 }

@@ -153,6 +153,12 @@ private slots:
             QVERIFY(t->ordem().Contato);
             QVERIFY(t->salvar());
             QVERIFY(!Dialogos::Roteiro::contem("alterad"));
+        } else if (onde == "painel") {
+            QCOMPARE(tela->findChild<QTableWidget*>("Grade")->item(0, 6)->text(),
+                     QDate::currentDate().toString("dd/MM/yyyy"));
+        } else if (onde == "painel") {
+            QCOMPARE(tela->findChild<QTableWidget*>("Grade")->item(0, 6)->text(),
+                     QDate::currentDate().toString("dd/MM/yyyy"));
         } else if (onde == "entrega") {
             QCOMPARE(tela->findChild<QLabel*>("LblDataContato")->text(), QDate::currentDate().toString("dd/MM/yyyy"));
         }
