@@ -12,7 +12,9 @@ GradeHistorico::GradeHistorico(QWidget* pai) : QTableWidget(pai)
     const int larguras[] = {60, 80, 80, 200, 200, 90};
     for (int c = 0; c < colunas.size() && c < 6; ++c)
         setColumnWidth(c, larguras[c]);
-    horizontalHeader()->setStretchLastSection(true);
+    // The defect and the service are the long texts: they take what width there is.
+    horizontalHeader()->setSectionResizeMode(3, QHeaderView::Stretch);
+    horizontalHeader()->setSectionResizeMode(4, QHeaderView::Stretch);
     verticalHeader()->hide();
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSelectionBehavior(QAbstractItemView::SelectRows);
