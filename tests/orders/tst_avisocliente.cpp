@@ -4,7 +4,9 @@
 #include "data/Atualizacoes.h"
 #include "data/ErroBanco.h"
 #include "data/Esquema.h"
+#include "data/Sessao.h"
 #include "orders/AvisoCliente.h"
+#include "orders/TransicoesOrdem.h"
 
 using namespace AvisoCliente;
 
@@ -125,7 +127,7 @@ private slots:
         QFETCH(QString, inicio);
         cliente(b.banco(), 40, celularCliente, email);
         const qint64 chave = ordem(b.banco(), celularOrdem, "40");
-        const Preparo p = preparar(b.banco(), chave, Situacao::OrcamentoPronto, QDate(2026, 11, 23));
+        const Preparo p = preparar(b.banco(), chave, AvisoCliente::Situacao::OrcamentoPronto, QDate(2026, 11, 23));
         QCOMPARE(p.link.left(inicio.size()), inicio);
         QCOMPARE(p.canal.has_value(), !inicio.isEmpty());
         QCOMPARE(p.motivo.isEmpty(), !inicio.isEmpty());
@@ -141,10 +143,10 @@ private slots:
     {
         BANCO_DO_MOTOR(b);
         const qint64 chave = ordem(b.banco(), "11987654321");
-        const QString data = registrar(b.banco(), chave, Canal::WhatsApp, Situacao::Consertado, "CARLOS",
+        const QString data = registrar(b.banco(), chave, Canal::WhatsApp, AvisoCliente::Situacao::Consertado, "CARLOS",
                                        QDateTime(QDate(2026, 11, 23), QTime(14, 5, 40)));
         QCOMPARE(data, QString("2026/11/23"));
-        registrar(b.banco(), chave, Canal::Email, Situacao::ProntoRetirada, "ANA",
+        registrar(b.banco(), chave, Canal::Email, AvisoCliente::Situacao::ProntoRetirada, "ANA",
                   QDateTime(QDate(2026, 11, 24), QTime(9, 0)));
         QCOMPARE(b->escalar("SELECT Contato FROM OrdemServico WHERE CodOsAut = ?", {chave}).toInt(), -1);
         QCOMPARE(b->escalar("SELECT DataContato FROM OrdemServico WHERE CodOsAut = ?", {chave}).toString(),
@@ -155,10 +157,16 @@ private slots:
         // Another order's notices are its own.
         QVERIFY(linhas(b.banco(), chave + 1).isEmpty());
 
-        // An order deleted meanwhile: refused, and no notice left without its order.
-        b->executar("DELETE FROM OrdemServico WHERE CodOsAut = ?", {chave});
-        QVERIFY_THROWS_EXCEPTION(ErroBanco, registrar(b.banco(), chave, Canal::WhatsApp, Situacao::Consertado, "ANA"));
-        QCOMPARE(b->escalar("SELECT COUNT(*) FROM AvisoCliente").toInt(), 2);
+        // An order deleted for good takes its notices along; a press on it meanwhile is
+        // refused and leaves no notice behind.
+        const qint64 outra = ordem(b.banco(), "");
+        registrar(b.banco(), outra, Canal::Email, AvisoCliente::Situacao::Consertado, "ANA");
+        sessao().DireitoOsEntAl = 1;
+        sessao().DireitoPermanente = 1;
+        TransicoesOrdem::excluir(b.banco(), chave, TelaOrdem::Entrada);
+        QCOMPARE(b->escalar("SELECT COUNT(*) FROM AvisoCliente WHERE CodOsAut = ?", {chave}).toInt(), 0);
+        QVERIFY_THROWS_EXCEPTION(ErroBanco, registrar(b.banco(), chave, Canal::WhatsApp, AvisoCliente::Situacao::Consertado, "ANA"));
+        QCOMPARE(b->escalar("SELECT COUNT(*) FROM AvisoCliente").toInt(), 1);
     }
 
     // An older store gets the standard texts to edit, the notices off and 90 days of
@@ -172,19 +180,19 @@ private slots:
         if (b->escalar("SELECT COUNT(*) FROM VersaoEsquema").toInt() == 0)
             b->executar("INSERT INTO VersaoEsquema (Versao) VALUES (4)");
         QVERIFY(b->garantirEsquema() >= 1);
-        QCOMPARE(b->escalar("SELECT AvisoOrcamento FROM Empresa").toString(), modeloPadrao(Situacao::OrcamentoPronto));
+        QCOMPARE(b->escalar("SELECT AvisoOrcamento FROM Empresa").toString(), modeloPadrao(AvisoCliente::Situacao::OrcamentoPronto));
         QCOMPARE(b->escalar("SELECT AvisoAtivo FROM Empresa").toInt(), 0);
         QCOMPARE(b->escalar("SELECT DiasGarantia FROM Empresa").toInt(), 90);
 
         Config c = lerConfig(b.banco());
         QVERIFY(!c.ativo);
         c.ativo = true;
-        c.modelos = {{Situacao::Consertado, "Pronto, \"@NOMECLIENTE\"'s; DROP TABLE Empresa;--"}};
+        c.modelos = {{AvisoCliente::Situacao::Consertado, "Pronto, \"@NOMECLIENTE\"'s; DROP TABLE Empresa;--"}};
         gravarConfig(b.banco(), c);
         const Config lida = lerConfig(b.banco());
         QVERIFY(lida.ativo);
-        QCOMPARE(lida.modelo(Situacao::Consertado), QString("Pronto, \"@NOMECLIENTE\"'s; DROP TABLE Empresa;--"));
-        QCOMPARE(lida.modelo(Situacao::AguardandoPeca), modeloPadrao(Situacao::AguardandoPeca));
+        QCOMPARE(lida.modelo(AvisoCliente::Situacao::Consertado), QString("Pronto, \"@NOMECLIENTE\"'s; DROP TABLE Empresa;--"));
+        QCOMPARE(lida.modelo(AvisoCliente::Situacao::AguardandoPeca), modeloPadrao(AvisoCliente::Situacao::AguardandoPeca));
     }
 };
 
