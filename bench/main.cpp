@@ -32,6 +32,7 @@
 #include "BenchContas.h"
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
+#include "BenchHistorico.h"
 #include "BenchMovimento.h"
 #include "BenchPainel.h"
 #include "BenchPesquisaOs.h"
@@ -428,6 +429,7 @@ int main(int argc, char** argv)
         medeEntrega(*b, m);
         medeBancada(*b, m);
         medePainel(*b, m);
+        medeHistorico(*b, m);
 
         m << medeCaixa(*b);
 
