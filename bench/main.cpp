@@ -34,6 +34,7 @@
 #include "BenchEntrega.h"
 #include "BenchEstoque.h"
 #include "BenchExemplo.h"
+#include "BenchHistorico.h"
 #include "BenchMovimento.h"
 #include "BenchPainel.h"
 #include "BenchPesquisaOs.h"
@@ -437,6 +438,7 @@ int main(int argc, char** argv)
         medeBancada(*b, m);
         medeCompleto(*b, m);
         medePainel(*b, m);
+        medeHistorico(*b, m);
 
         m << medeCaixa(*b);
 

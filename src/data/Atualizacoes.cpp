@@ -4,6 +4,7 @@
 
 #include "data/Banco.h"
 #include "data/Esquema.h"
+#include "orders/AvisoCliente.h"
 
 namespace Atualizacoes {
 
@@ -14,6 +15,7 @@ const QList<Passo>& passos()
         {2, &documentosEmDigitos},
         {4, &lancamentosAnteriores},
         {15, &recursosDesligados},
+        {16, &avisoCliente},
     };
     return p;
 }
@@ -90,6 +92,17 @@ void recursosDesligados(Banco& banco)
     banco.executar(QStringLiteral("UPDATE Empresa SET PixAtivo = 0, ReciboBobina = 0"));
     banco.executar(QStringLiteral("UPDATE Empresa SET PixNome = COALESCE(NomeEmpresa, '') "
                                   "WHERE PixNome IS NULL OR PixNome = ''"));
+}
+
+void avisoCliente(Banco& banco)
+{
+    // The shop finds the standard texts in place to edit, and the feature off until it
+    // chooses to use it; the warranty is the 90 days the law gives a repair.
+    AvisoCliente::Config c;
+    for (AvisoCliente::Situacao s : AvisoCliente::situacoes())
+        c.modelos.append({s, AvisoCliente::modeloPadrao(s)});
+    AvisoCliente::gravarConfig(banco, c);
+    banco.executar(QStringLiteral("UPDATE Empresa SET DiasGarantia = 90 WHERE DiasGarantia IS NULL OR DiasGarantia = 0"));
 }
 
 }

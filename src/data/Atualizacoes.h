@@ -28,5 +28,8 @@ void lancamentosAnteriores(Banco& banco);
 // Version 15: PIX at the till and the 80 mm roll exist, switched off; the name PIX shows
 // starts as the shop's name.
 void recursosDesligados(Banco& banco);
+// Version 16: the templates of the customer notices, standard texts, with the notices
+// off; 90 days of warranty on a repair.
+void avisoCliente(Banco& banco);
 
 }

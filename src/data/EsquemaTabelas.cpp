@@ -60,7 +60,11 @@ QList<DefTabela> monta()
         "NomeTamanho:I EnderecoTamanho:I SiteTamanho:I SacTamanho:I SuporteTamanho:I VendasTamanho:I CpfCnpjTamanho:I "
         "OsCaixa:F TipoLetra:F Menuusuario:F OSAbrePesquisa:F OSAbreCompleta:F PorcentSN:F DadoNota:F "
         "AtivaSer:F AtivaDef:F NomeServidor DataBackup:Dt TesteOk "
-        "PixAtivo:F PixChave PixNome PixCidade ReciboBobina:F");
+        // PIX at the till and the 80 mm roll.
+        "PixAtivo:F PixChave PixNome PixCidade ReciboBobina:F "
+        // Telling the customer on WhatsApp or by e-mail: on or off, one template per situation;
+        // the warranty days an earlier order of the same appliance is still covered for.
+        "AvisoAtivo:F AvisoOrcamento AvisoPeca AvisoConsertado AvisoRetirada DiasGarantia:I");
 
     t << tabela("Usuario", "Chave",
         "CodUsuario:I:X NomeUsuario:T:X Sobrenome Endereco Telefone Celular Senha Funcao Observacao ImgFuncionario "
@@ -85,7 +89,7 @@ QList<DefTabela> monta()
     t << tabela("OrdemServico", "CodOsAut",
         "CodOsAut:A CodOs:I:PMX CodFabrica CodCliente:T:PMX NomeCliente:T:P CpfCnpj:T:PM Endereco Ncasa Bairro "
         "Cidade Telefone:T:PM Celular:T:PM Tipo:T:P TipoPorcentagem:F ValorPorcentagem:D Marca:T:P "
-        "Modelo:T:P NumeroSerie CorProduto Certificado NotaFiscal DataNota Revendedor:T:P EstadoAparelho "
+        "Modelo:T:P NumeroSerie:T:P CorProduto Certificado NotaFiscal DataNota Revendedor:T:P EstadoAparelho "
         "Acessorio Sintoma Observacao Armazenado Img1Aparelho Img2Aparelho Img3Aparelho DataEntrada:Dt:X "
         "DataSaida:Dt DataContato:Dt DadosContato DataEntrega:Dt HoraSolicitada:H Tecnico CodTecnico "
         "DefeitoReal Servicoreal ServicoExecutado StatusConserto MaoObra:D ValorVenda:D ValorPecas:D "
@@ -99,7 +103,10 @@ QList<DefTabela> monta()
         // key beside the text, PostgreSQL answers both from the index alone.
         {{"NomeCliente_b", "Excluidos", "CodOsAut"}, {"Tipo_b", "Excluidos", "CodOsAut"},
          {"Marca_b", "Excluidos", "CodOsAut"}, {"Modelo_b", "Excluidos", "CodOsAut"},
-         {"Revendedor_b", "Excluidos", "CodOsAut"}});
+         {"Revendedor_b", "Excluidos", "CodOsAut"},
+         // An appliance's earlier orders at the intake: by its serial, or by the customer's
+         // kind and model, newest first.
+         {"NumeroSerie_b", "CodOsAut"}, {"CodCliente", "Tipo_b", "Modelo_b", "CodOsAut"}});
 
     t << tabela("SintomaOS", "Chave", "CodOs:I:X CodOsAut:I:X NomeOS CodDef DefeitoOS");
     t << tabela("ServicoOS", "Chave",
@@ -183,6 +190,8 @@ QList<DefTabela> monta()
         "CodPedido:A CodVenda Descricao Quantidade DataPedido:Dt Solicitado Fornecedor:T:X");
     t << tabela("DefeitoSolucionado", "CodDefeito",
         "CodDefeito:A Marca:T:PM Modelo Tipo Defeito Solucao Observacao");
+    // Who told the customer what, and how: one row per press of "Avisar cliente".
+    t << tabela("AvisoCliente", "Chave", "CodOsAut:I:X Canal Situacao Data:Dt Hora:H Usuario");
     t << tabela("Contato", "Cod", "Cod:A Nome:T:PM Endereco Telefone Email NomeEmpresa CpfCnpj IeRg");
     return t;
 }

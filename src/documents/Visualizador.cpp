@@ -8,9 +8,11 @@ namespace Visualizador {
 namespace {
 bool doSistema(const QString& arquivo)
 {
-    // A mail to compose ("mailto:...") goes to the user's mail program as it is.
-    if (arquivo.startsWith(QLatin1String("mailto:"), Qt::CaseInsensitive))
-        return QDesktopServices::openUrl(QUrl(arquivo));
+    // A mail to compose ("mailto:...") goes to the user's mail program, a web address
+    // (a WhatsApp chat) to the browser, each as it is, already encoded.
+    for (const char* esquema : {"mailto:", "https:", "http:"})
+        if (arquivo.startsWith(QLatin1String(esquema), Qt::CaseInsensitive))
+            return QDesktopServices::openUrl(QUrl::fromEncoded(arquivo.toUtf8(), QUrl::StrictMode));
     return QDesktopServices::openUrl(QUrl::fromLocalFile(arquivo));
 }
 

@@ -3,8 +3,8 @@
 #include <functional>
 
 // Opens a finished document (a PDF of a sheet, a filled template) in the application the
-// system has for it, or a "mailto:" link in the user's mail program. Tests put a
-// recorder in its place.
+// system has for it, a "mailto:" link in the user's mail program, or an "https:" link in
+// the browser. Tests put a recorder in its place.
 namespace Visualizador {
 bool abrir(const QString& arquivo);
 // An empty function restores the system's own.

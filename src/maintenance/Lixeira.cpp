@@ -119,7 +119,7 @@ int purgar(Banco& banco, Registro r, const Filtro& f)
     const QString alvo = QStringLiteral("SELECT %1 FROM %2 WHERE Excluidos = -1 AND (%3)").arg(d.chave, d.tabela, onde(r, f, &v));
     Transacao tr(banco);
     if (r == Registro::Ordem) {
-        for (const char* filha : {"SintomaOS", "ServicoOS", "PecasAplicadas"})
+        for (const char* filha : {"SintomaOS", "ServicoOS", "PecasAplicadas", "AvisoCliente"})
             banco.executar(QStringLiteral("DELETE FROM %1 WHERE CodOsAut IN (%2)").arg(QString::fromUtf8(filha), alvo), v);
     } else if (r == Registro::Visita) {
         const QString codigos = QStringLiteral("SELECT CodManu FROM VisitaTecnico WHERE Chave IN (%1)").arg(alvo);

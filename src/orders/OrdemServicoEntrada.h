@@ -7,13 +7,16 @@
 #include "orders/RecusaOrdem.h"
 #include "ui/TelaCadastro.h"
 
+class GradeHistorico;
 class QCheckBox;
+class QGridLayout;
 class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPlainTextEdit;
 class QRadioButton;
+class QTimer;
 
 // The counter screen: the attendant finds or types the customer, describes the appliance
 // and the complaint, saves, and prints the receipt that goes with the appliance. The
@@ -80,6 +83,10 @@ private:
     Ordem ordemDosCampos(bool* ok);
     QString textoCombo(const QComboBox* c, const QString& prompt) const;
     void voltaANavegacao(qint64 chave);
+    // The appliance's earlier orders, read again a moment after its boxes change.
+    void montaHistorico(QGridLayout* g, int linha);
+    void atualizaHistorico();
+    void abreHistorico(qint64 codOs, qint64 codOsAut);
 
     Ordem m_ordem;
     bool m_clienteNovo = false;
@@ -124,4 +131,7 @@ private:
     QListWidget* m_lDef = nullptr;
     QLabel* m_rotuloCodigoDef = nullptr;
     QLabel* m_rotuloDefeitos = nullptr;
+    QLabel* m_garantia = nullptr;
+    GradeHistorico* m_historico = nullptr;
+    QTimer* m_timerHistorico = nullptr;
 };

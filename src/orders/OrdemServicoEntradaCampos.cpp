@@ -179,6 +179,7 @@ void OrdemServicoEntrada::montaTela()
     sint->addLayout(listas);
     g->addLayout(sint, r, 3);
     g->setRowStretch(r, 1);
+    montaHistorico(g, r + 1);
     g->setColumnStretch(1, 1);
     g->setColumnStretch(3, 1);
 

@@ -18,6 +18,7 @@
 #include "data/FuncoesMascaras.h"
 #include "data/Sessao.h"
 #include "documents/ImprimeDocumento.h"
+#include "orders/BotaoAviso.h"
 #include "orders/EntregaOrdem.h"
 #include "orders/EstadoOrdem.h"
 #include "orders/GravacaoOrdem.h"
@@ -172,6 +173,13 @@ void OrdemServicoSaida::montaTela()
     baixo->addWidget(m_armazenado, 1, 5);
     baixo->addWidget(new QLabel(QStringLiteral("Observação"), this), 2, 0);
     baixo->addWidget(m_observacao, 2, 1, 1, 5);
+    m_avisar = new BotaoAviso(this);
+    baixo->addWidget(m_avisar, 3, 1, 1, 5, Qt::AlignLeft);
+    connect(m_avisar, &BotaoAviso::avisado, this, [this](qint64, const QString& data) {
+        AvisoCliente::adotarContato(m_ordem, data);
+        AvisoCliente::adotarContato(m_guardada, data);
+        m_dataContato->setText(Datas::bancoParaTela(data));
+    });
     raiz->addLayout(baixo);
     raiz->addStretch();
 
@@ -294,6 +302,9 @@ void OrdemServicoSaida::mostra(const Ordem& o)
     m_dataEntrada->setText(Datas::bancoParaTela(o.DataEntrada));
     m_dataContato->setText(Datas::bancoParaTela(o.DataContato));
     m_dataSaida->setText(Datas::bancoParaTela(o.DataSaida));
+    // At the counter a repaired appliance is one waiting for its owner.
+    m_avisar->defineOrdem(*m_banco, o.CodOsAut,
+                          o.Consertado ? AvisoCliente::Situacao::ProntoRetirada : AvisoCliente::sugerida(o));
     // An order without a promised day offers today.
     m_entregarDia->setText(o.DataEntrega.isEmpty() ? QDate::currentDate().toString(Datas::FormatoTela)
                                                    : Datas::bancoParaTela(o.DataEntrega));

@@ -10,6 +10,7 @@
 #include "orders/Ordem.h"
 
 class Banco;
+class BotaoAviso;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -72,6 +73,7 @@ private:
 
     std::unique_ptr<Banco> m_banco;
     Ordem m_ordem;       // with the changes made on the screen
+    BotaoAviso* m_avisar = nullptr;
     Ordem m_guardada;    // as stored: "&Cancelar" goes back to it
     bool m_alterado = false;
     bool m_maoObraAlterada = false;

@@ -22,9 +22,11 @@
 #include "data/FuncoesMascaras.h"
 #include "data/Sessao.h"
 #include "orders/BancadaOrdem.h"
+#include "orders/BotaoAviso.h"
 #include "orders/CatalogosOrdem.h"
 #include "orders/EntregaOrdem.h"
 #include "orders/GravacaoOrdem.h"
+#include "orders/ListaAvisos.h"
 #include "orders/RecusaTela.h"
 #include "orders/TransicoesOrdem.h"
 #include "orders/TravaOrdem.h"
@@ -155,6 +157,8 @@ void OrdemServicoTecnico::mostra(const Ordem& o)
     m_sintoma->setPlainText(o.Sintoma);
     m_servicoExecutado->setPlainText(o.ServicoExecutado);
     m_status->setText(o.StatusConserto);
+    m_avisar->defineOrdem(*m_banco, o.CodOsAut, AvisoCliente::sugerida(o));
+    m_avisos->mostrar(*m_banco, o.CodOsAut);
     const Situacao s = EstadoOrdem::situacao(o);
     for (int i = 0; i < 4; ++i) {
         m_opcoes[i]->setAutoExclusive(false);

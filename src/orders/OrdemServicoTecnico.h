@@ -8,6 +8,8 @@
 #include "orders/Ordem.h"
 
 class Banco;
+class BotaoAviso;
+class ListaAvisos;
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
@@ -101,6 +103,8 @@ private:
     QLabel* m_cliente = nullptr;
     QLabel* m_aparelho = nullptr;
     QLabel* m_resposta = nullptr;
+    BotaoAviso* m_avisar = nullptr;
+    ListaAvisos* m_avisos = nullptr;
     QComboBox* m_tecnico = nullptr;
     QLineEdit* m_armazenado = nullptr;
     QPlainTextEdit* m_observacao = nullptr;

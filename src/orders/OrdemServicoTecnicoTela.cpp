@@ -15,6 +15,8 @@
 #include <QVBoxLayout>
 
 #include "data/Sessao.h"
+#include "orders/BotaoAviso.h"
+#include "orders/ListaAvisos.h"
 #include "orders/OrdemServicoTecnico.h"
 
 namespace {
@@ -71,6 +73,15 @@ void OrdemServicoTecnico::montaTela()
     topo->addWidget(m_cliente, 0, 0);
     topo->addWidget(m_resposta, 0, 1, 2, 1, Qt::AlignRight | Qt::AlignVCenter);
     topo->addWidget(m_aparelho, 1, 0);
+    m_avisos = new ListaAvisos(m_frameOrdem);
+    m_avisar = new BotaoAviso(m_frameOrdem);
+    topo->addWidget(m_avisos, 2, 0);
+    topo->addWidget(m_avisar, 2, 1, Qt::AlignRight | Qt::AlignTop);
+    connect(m_avisar, &BotaoAviso::avisado, this, [this](qint64, const QString& data) {
+        AvisoCliente::adotarContato(m_ordem, data);
+        AvisoCliente::adotarContato(m_guardada, data);
+        m_avisos->mostrar(*m_banco, m_ordem.CodOsAut);
+    });
     raiz->addWidget(m_frameOrdem);
 
     auto* meio = new QHBoxLayout;

@@ -23,6 +23,7 @@
 #include "data/FuncoesMascaras.h"
 #include "data/Sessao.h"
 #include "documents/MenuImpressao.h"
+#include "orders/BotaoAviso.h"
 #include "orders/RecusaOrdem.h"
 #include "orders/RecusaTela.h"
 #include "ui/AcoesSenha.h"
@@ -229,7 +230,18 @@ QWidget* Pendencia::montaFrame()
     connect(m_status[4], &QPushButton::clicked, this, &Pendencia::entregar);
     m_status[3]->setEnabled(false);
     m_status[4]->setEnabled(false);
-    g->setRowStretch(8, 1);
+    m_avisar = new BotaoAviso(m_frame);
+    g->addWidget(m_avisar, 8, 0, 1, 3);
+    // The grid's contact day follows at once; the rest waits for the next reading.
+    connect(m_avisar, &BotaoAviso::avisado, this, [this](qint64 codOsAut, const QString& data) {
+        for (int i = 0; i < m_linhas.size(); ++i)
+            if (!m_linhas[i].visita && m_linhas[i].CodOsAut == codOsAut) {
+                m_linhas[i].DataContato = data;
+                if (QTableWidgetItem* item = m_grade->item(i, 6))
+                    item->setText(Datas::bancoParaTela(data));
+            }
+    });
+    g->setRowStretch(9, 1);
     return m_frame;
 }
 
@@ -426,6 +438,9 @@ void Pendencia::escolheLinha(int linha)
     m_cStatus->setEnabled(!l.visita);
     for (int i = 0; i < 3; ++i)
         m_status[i]->setEnabled(!l.visita);
+    if (garanteBanco())
+        m_avisar->defineOrdem(*m_banco, l.visita ? 0 : l.CodOsAut,
+                              AvisoCliente::sugerida(l.Orcamento, l.AguardaPeca, l.Consertado, l.Aprovado));
     m_frame->show();
 }
 

@@ -11,6 +11,7 @@
 #include "orders/ListasPainel.h"
 
 class Banco;
+class BotaoAviso;
 class QComboBox;
 class QDateEdit;
 class QFrame;
@@ -80,6 +81,7 @@ private:
     QDateEdit* m_dtEntrega = nullptr;
     QLabel* m_imagem = nullptr;
     QComboBox* m_cStatus = nullptr;
+    BotaoAviso* m_avisar = nullptr;
     QLineEdit* m_busca = nullptr;
     QTimer* m_timerAparelho = nullptr;
     QTimer* m_timerEntrega = nullptr;

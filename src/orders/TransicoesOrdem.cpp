@@ -413,6 +413,7 @@ void excluir(Banco& banco, qint64 codOsAut, TelaOrdem tela)
         banco.executar(QStringLiteral("DELETE FROM PecasAplicadas WHERE CodOsAut = ? AND TipoVisita = ''"), {codOsAut});
         banco.executar(QStringLiteral("DELETE FROM SintomaOS WHERE CodOsAut = ?"), {codOsAut});
         banco.executar(QStringLiteral("DELETE FROM ServicoOS WHERE CodOsAut = ?"), {codOsAut});
+        banco.executar(QStringLiteral("DELETE FROM AvisoCliente WHERE CodOsAut = ?"), {codOsAut});
         banco.executar(QStringLiteral("DELETE FROM OrdemServico WHERE CodOsAut = ?"), {codOsAut});
     } else {
         banco.executar(QStringLiteral("UPDATE OrdemServico SET Excluidos = -1, OsAlterado = ? WHERE CodOsAut = ?"),

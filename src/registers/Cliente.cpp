@@ -20,6 +20,7 @@
 #include "data/Recordset.h"
 #include "data/Sessao.h"
 #include "orders/TelasOrdem.h"
+#include "orders/HistoricoAparelho.h"
 #include "registers/BuscaClientes.h"
 #include "registers/CamposDocumento.h"
 #include "registers/EntregaTelas.h"
@@ -117,10 +118,14 @@ Cliente::Cliente(QWidget* pai) : TelaCadastro(pai)
     g->addWidget(rotulo(QStringLiteral("Observação")), 10, 0);
     g->addWidget(m_observacao, 10, 1, 1, 5);
 
-    m_grade = new QTableWidget(0, 6, corpo());
+    // After the hidden key: the dates, defect, service and warranty of each order.
+    const QStringList historico = HistoricoAparelho::colunas().mid(1);
+    m_grade = new QTableWidget(0, 6 + historico.size(), corpo());
     m_grade->setObjectName(QStringLiteral("Grade"));
-    m_grade->setHorizontalHeaderLabels({QStringLiteral("O.S"), QStringLiteral("Tipo"), QStringLiteral("Marca"),
-                                        QStringLiteral("Série"), QStringLiteral("Valor"), QStringLiteral("CodOsAut")});
+    m_grade->setHorizontalHeaderLabels(QStringList{QStringLiteral("O.S"), QStringLiteral("Tipo"), QStringLiteral("Marca"),
+                                                   QStringLiteral("Série"), QStringLiteral("Valor"),
+                                                   QStringLiteral("CodOsAut")}
+                                       + historico);
     const int larguras[] = {60, 140, 100, 120, 70};
     for (int c = 0; c < 5; ++c)
         m_grade->setColumnWidth(c, larguras[c]);
@@ -246,8 +251,10 @@ void Cliente::mostraRegistro(const Recordset& rs)
 
     m_grade->setRowCount(0);
     QList<QSqlRecord> ordens;
+    int dias = 0;
     try {
         ordens = BuscaClientes::ordensDoCliente(*banco(), rs.texto(QStringLiteral("CodCliente")));
+        dias = HistoricoAparelho::diasGarantia(*banco());
     } catch (const ErroBanco& e) {
         Dialogos::erro(this, QStringLiteral("Erro ao carregar formulário,"), e.textoCompleto());
     }
@@ -255,10 +262,11 @@ void Cliente::mostraRegistro(const Recordset& rs)
     m_grade->setRowCount(m_ordens);
     for (int r = 0; r < m_ordens; ++r) {
         const QSqlRecord& o = ordens[r];
-        const QStringList celulas = {textoOuVazio(o, QStringLiteral("CodOs")), textoOuVazio(o, QStringLiteral("Tipo")),
+        const QStringList celulas = QStringList{textoOuVazio(o, QStringLiteral("CodOs")), textoOuVazio(o, QStringLiteral("Tipo")),
                                      textoOuVazio(o, QStringLiteral("Marca")), textoOuVazio(o, QStringLiteral("NumeroSerie")),
                                      Dinheiro::deCentavos(o.value(QStringLiteral("ValorPagar")).toLongLong()).texto(),
-                                     textoOuVazio(o, QStringLiteral("CodOsAut"))};
+                                     textoOuVazio(o, QStringLiteral("CodOsAut"))}
+            + HistoricoAparelho::celulas(HistoricoAparelho::deRegistro(o, dias, QDate::currentDate())).mid(1);
         for (int c = 0; c < celulas.size(); ++c)
             m_grade->setItem(r, c, new QTableWidgetItem(celulas[c]));
     }
