@@ -73,7 +73,8 @@ QStringList nomes(Banco& b, const QString& tabela, const QString& coluna, int n)
     QStringList r;
     QRandomGenerator g(20261124);
     const qint64 total = b.escalar("SELECT COUNT(*) FROM " + tabela).toLongLong();
-    while (r.size() < n) {
+    // Bounded: a store with fewer distinct surnames than texts asked gives what it has.
+    for (int tentativa = 0; r.size() < n && tentativa < n * 40; ++tentativa) {
         const QString chave = tabela == QLatin1String("ContasPagar") ? "Codigo" : "Chave";
         const QString v = b.escalar(QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(coluna, tabela, chave),
                                     {1 + qint64(g.bounded(quint64(total)))})

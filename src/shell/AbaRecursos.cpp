@@ -7,6 +7,7 @@
 // Each feature's box lives in a file of its own; adding one is a line in the list below.
 GrupoRecurso grupoPix();
 GrupoRecurso grupoBobina();
+GrupoRecurso grupoAviso();
 
 namespace AbaRecursos {
 
@@ -15,6 +16,7 @@ const QList<GrupoRecurso>& grupos()
     static const QList<GrupoRecurso> g = {
         grupoPix(),
         grupoBobina(),
+        grupoAviso(),
     };
     return g;
 }

@@ -29,8 +29,10 @@
 #include "registers/CamposDocumento.h"
 #include "data/Local.h"
 #include "data/Sessao.h"
+#include "data/Transacao.h"
 #include "maintenance/LojaExemplo.h"
 #include "shell/AbaRecursos.h"
+#include "shell/RecursosAviso.h"
 #include "shell/BarraStatus.h"
 #include "shell/ConfiguraSistemaDados.h"
 #include "shell/LeEmpresa.h"
@@ -474,6 +476,8 @@ void ConfiguraSistema::carrega()
         try {
             const QVariantMap e = Dados::leEmpresa(*m_banco);
             m_lida = e;
+            if (auto* aviso = findChild<RecursosAviso*>())
+                aviso->carregar(*m_banco);
             for (const Dados::CampoEmpresa& c : Dados::camposEmpresa()) {
                 QWidget* w = findChild<QWidget*>(c.controle);
                 if (!w)
@@ -666,7 +670,13 @@ bool ConfiguraSistema::salvar()
                 }
                 grades.insert(c.nome, {linhas, m_removidas.value(c.nome)});
             }
+            // The notices' box writes its columns of the same row, in the same transaction.
+            Transacao tr(*m_banco);
+            auto* aviso = findChild<RecursosAviso*>();
+            if (aviso && !aviso->salvar(*m_banco))
+                return false;
             Dados::grava(*m_banco, m_lida, empresa, grades);
+            tr.commit();
         } catch (const RegistroAlterado& e) {
             Dialogos::mensagem(this, e.mensagem(), {}, Dialogos::Icone::Aviso);
             return false;

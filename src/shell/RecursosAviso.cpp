@@ -11,6 +11,7 @@
 #include "data/Transacao.h"
 #include "orders/AvisoCliente.h"
 #include "orders/HistoricoAparelho.h"
+#include "shell/AbaRecursos.h"
 #include "ui/Dialogos.h"
 
 RecursosAviso::RecursosAviso(QWidget* pai) : QGroupBox(QStringLiteral("Avisar cliente"), pai)
@@ -84,4 +85,13 @@ bool RecursosAviso::salvar(Banco& banco)
         Dialogos::erro(this, QStringLiteral("Erro ao gravar formulário,"), e.textoCompleto());
         return false;
     }
+}
+
+// On the "Recursos" tab the box loads and saves itself (its templates are long texts kept
+// apart from the screen's boxes); the configuration screen calls it with its own save.
+GrupoRecurso grupoAviso()
+{
+    GrupoRecurso g;
+    g.monta = [](QWidget* pai) -> QGroupBox* { return new RecursosAviso(pai); };
+    return g;
 }
