@@ -84,9 +84,11 @@ OrdemVisita::OrdemVisita(QWidget* pai) : TelaCadastro(pai)
     m_endTel = new QPlainTextEdit(corpo());
     m_endTel->setObjectName(QStringLiteral("EndTel"));
     m_endTel->setTabChangesFocus(true);
+    m_endTel->setMaximumHeight(72);
     m_solicitacao = new QPlainTextEdit(corpo());
     m_solicitacao->setObjectName(QStringLiteral("Solicitacao"));
     m_solicitacao->setTabChangesFocus(true);
+    m_solicitacao->setMaximumHeight(110);
     m_data = new QDateEdit(corpo());
     m_data->setObjectName(QStringLiteral("DataSolicitada"));
     m_data->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
@@ -215,12 +217,13 @@ OrdemVisita::OrdemVisita(QWidget* pai) : TelaCadastro(pai)
     m_completa = new QCompleter(m_nomes, this);
     m_completa->setCaseSensitivity(Qt::CaseInsensitive);
     m_completa->setCompletionMode(QCompleter::PopupCompletion);
-    m_nome->setCompleter(m_completa);
+    // Connected before the completer is set, so that it filters the names just read.
     connect(m_nome, &QLineEdit::textEdited, this, [this](const QString& t) {
         // A name typed over a chosen customer is a name typed freely.
         m_codCliente->clear();
         sugereClientes(t);
     });
+    m_nome->setCompleter(m_completa);
     connect(m_completa, QOverload<const QModelIndex&>::of(&QCompleter::activated), this,
             [this](const QModelIndex& i) {
                 m_codCliente->setText(i.data(Qt::UserRole).toString());

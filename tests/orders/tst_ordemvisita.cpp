@@ -327,6 +327,19 @@ private slots:
         QCOMPARE(botao(4)->text(), QString("Sai&r"));
     }
 
+    void pesquisaIncluiNovaVisita()
+    {
+        sessao().ListaVisita = 1;
+        QWidget* pesquisa = RegistroTelas::abrir("PesquisaOs");
+        QVERIFY(pesquisa);
+        auto* incluir = pesquisa->findChild<QPushButton*>("Botao(0)");
+        QVERIFY(incluir);
+        incluir->click();
+        tela = qobject_cast<OrdemVisita*>(RegistroTelas::aberta("OrdemVisita"));
+        QVERIFY(tela);
+        QCOMPARE(tela->estado(), TelaCadastro::Estado::Inclusao);
+    }
+
     void clienteAbreNovaVisita()
     {
         abre();
