@@ -36,6 +36,7 @@
 #include "BenchPainel.h"
 #include "BenchPesquisaOs.h"
 #include "BenchProduto.h"
+#include "BenchVisita.h"
 #include "Carga.h"
 #include "Manutencao.h"
 #include "Medidor.h"
@@ -428,6 +429,7 @@ int main(int argc, char** argv)
         medeEntrega(*b, m);
         medeBancada(*b, m);
         medePainel(*b, m);
+        medeVisitas(*b, m);
 
         m << medeCaixa(*b);
 
