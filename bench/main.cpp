@@ -39,6 +39,7 @@
 #include "BenchPainel.h"
 #include "BenchPesquisaOs.h"
 #include "BenchProduto.h"
+#include "BenchVisita.h"
 #include "Manutencao.h"
 #include "Medidor.h"
 #include "data/Banco.h"
@@ -439,6 +440,7 @@ int main(int argc, char** argv)
         medeCompleto(*b, m);
         medePainel(*b, m);
         medeHistorico(*b, m);
+        medeVisitas(*b, m);
 
         m << medeCaixa(*b);
 

@@ -31,6 +31,7 @@
 #include "orders/RecusaTela.h"
 #include "orders/TransicoesOrdem.h"
 #include "orders/TravaOrdem.h"
+#include "orders/Visitas.h"
 #include "registers/CamposDocumento.h"
 #include "registers/PesquisaCliente.h"
 #include "shell/Avisos.h"
@@ -367,11 +368,11 @@ void OrdemServicoEntrada::botaoIncluir()
     m_ordem.CodOsAut = 0;
     m_ordem.CodOs = 0;
     mostraDefeitos();
-    // The catalogue of defects stays at hand while the order is typed.
     // The customer search and the catalogue of defects stay at hand while the order is
-    // typed: the search is how a customer whose document isn't known is found.
+    // typed: the search is how a customer whose document isn't known is found. The house
+    // call too: it stores the order first.
     for (int i = 2; i <= 7; ++i)
-        botao(i)->setEnabled(i == 4 || i >= 6);
+        botao(i)->setEnabled(i >= 4);
     poeTitulo();
     foco->setFocus();
 }
@@ -668,12 +669,22 @@ void OrdemServicoEntrada::pedirVisita()
         RegistroTelas::abrir(QStringLiteral("SenhaPde"));
         return;
     }
+    if (sessao().DireitoOsEntAl != 1) {
+        RegistroTelas::abrir(QStringLiteral("Negado"));
+        return;
+    }
     if (!Dialogos::pergunta(this, QStringLiteral("Buscar aparelho no domicílio ?")))
         return;
+    // The visit's request is its only tie to the order: an order still being typed is
+    // stored first, and the visit made only once it has its number.
+    if (m_ordem.nova() && !salvarOrdem())
+        return;
+    if (m_ordem.CodOs <= 0)
+        return;
     try {
-        const qint64 cod = EntradaRegras::pedirVisita(*banco(), Campos::texto(m_codCliente), Campos::texto(m_nome),
-                                                      Campos::texto(m_endereco), m_ordem.CodOs);
-        Dialogos::mensagem(this, EntradaRegras::textoVisita(cod));
+        const qint64 cod = Visitas::pedirDaEntrada(
+            *banco(), {Campos::texto(m_codCliente), Campos::texto(m_nome), Campos::texto(m_endereco), m_ordem.CodOs});
+        Dialogos::mensagem(this, Visitas::textoNumero(cod));
     } catch (const ErroBanco& e) {
         Dialogos::erro(this, QStringLiteral("Erro ao gravar a visita,"), e.textoCompleto());
     }

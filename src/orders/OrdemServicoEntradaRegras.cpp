@@ -94,26 +94,6 @@ qint64 gravarClienteNovo(Banco& banco, const ClienteBalcao& c)
     return cod;
 }
 
-qint64 pedirVisita(Banco& banco, const QString& codCliente, const QString& nome, const QString& endereco,
-                   qint64 codOs)
-{
-    Transacao tr(banco);
-    const qint64 cod = NumeroOrdem::proximoCodManu(banco);
-    const QString usuario = sessao().UsuarioNome;
-    banco.inserir(*Esquema::tabela(QStringLiteral("VisitaTecnico")),
-                  {QStringLiteral("CodManu"), QStringLiteral("CodCliente"), QStringLiteral("NomeCliente"),
-                   QStringLiteral("EndTel"), QStringLiteral("Solicitacao"), QStringLiteral("DataSolicitada"),
-                   QStringLiteral("HoraSolicitada"), QStringLiteral("Atendida"), QStringLiteral("Tecnico"),
-                   QStringLiteral("OsAlterado"), QStringLiteral("TipoFormulario"), QStringLiteral("Aguarda"),
-                   QStringLiteral("Acaminho"), QStringLiteral("Orcamento"), QStringLiteral("Executado")},
-                  {cod, txt(codCliente), txt(nome), txt(endereco),
-                   QStringLiteral("Ordem de Serviço de entrada nº ") + (codOs > 0 ? QString::number(codOs) : QString())
-                       + QStringLiteral("\nBuscar aparelho para conserto"),
-                   Datas::hoje(), Datas::agoraHora(), 0, txt(usuario), txt(usuario), QStringLiteral("Visita"), -1, 0, 0, 0});
-    tr.commit();
-    return cod;
-}
-
 std::optional<DatasDigitadas> lerDatas(const QString& entradaTela, const QString& saidaTela, QString* erro)
 {
     DatasDigitadas d;

@@ -6,8 +6,8 @@ class Banco;
 struct Ordem;
 
 // The intake counter's own rules that need no widget: the customer found by its
-// document, the customer typed at the counter that becomes a register row, the house
-// call that fetches the appliance, and the dates typed by hand.
+// document, the customer typed at the counter that becomes a register row, and the
+// dates typed by hand.
 namespace EntradaRegras {
 
 struct ClienteBalcao {
@@ -28,12 +28,6 @@ std::optional<ClienteBalcao> clientePorCodigo(Banco& banco, const QString& codCl
 // Stores the customer typed at the counter with the next CodCliente, which it returns.
 // Joins the caller's transaction, so the customer and the order go in together.
 qint64 gravarClienteNovo(Banco& banco, const ClienteBalcao& c);
-
-// The house call that fetches the appliance of order `codOs` (0 when not saved yet):
-// a VisitaTecnico row with the next CodManu, which it returns.
-qint64 pedirVisita(Banco& banco, const QString& codCliente, const QString& nome, const QString& endereco,
-                   qint64 codOs);
-inline QString textoVisita(qint64 codManu) { return QStringLiteral("OS de visita nº  ") + QString::number(codManu); }
 
 // The two date boxes as the order stores them; a message when a date doesn't exist or
 // the departure comes before the entry. An empty entry box is today.

@@ -68,6 +68,31 @@ QPushButton* TelaCadastro::adicionaBotao(const QString& texto, const QString& di
 
 QPushButton* TelaCadastro::botao(int indice) const { return m_botoes.value(indice); }
 
+void TelaCadastro::posicionaAcoes(int indiceGravar, int indiceCancelar)
+{
+    disconnect(m_botoes[m_iGravar], &QPushButton::clicked, this, &TelaCadastro::salvarOuExcluir);
+    m_iGravar = indiceGravar;
+    m_iCancelar = indiceCancelar;
+    connect(m_botoes[m_iGravar], &QPushButton::clicked, this, &TelaCadastro::salvarOuExcluir);
+}
+
+void TelaCadastro::captionsEdicao()
+{
+    if (m_iCancelar == 0) {
+        m_botoes[0]->setText(Cancelar);
+    } else {
+        // The new button waits while a record is typed: cancel lives on the close button.
+        m_botoes[0]->setText(Incluir);
+        m_botoes[0]->setEnabled(false);
+    }
+    m_botoes[m_iCancelar]->setText(Cancelar);
+    m_botoes[m_iCancelar]->setToolTip(m_def.dicaCancelar);
+    m_botoes[m_iCancelar]->setEnabled(true);
+    m_botoes[m_iGravar]->setText(Salvar);
+    m_botoes[m_iGravar]->setToolTip(m_def.dicaSalvar);
+    m_botoes[m_iGravar]->setEnabled(true);
+}
+
 TelaCadastro::Estado TelaCadastro::estado() const
 {
     if (m_novo)
@@ -87,7 +112,13 @@ bool TelaCadastro::iniciar()
         adicionaBotao(QStringLiteral("&Fechar"));
     if (m_indiceFechar < 0)
         m_indiceFechar = m_botoes.size() - 1;
-    connect(m_botoes[m_indiceFechar], &QPushButton::clicked, this, &TelaCadastro::fechar);
+    m_textoFechar = m_botoes[m_indiceFechar]->text();
+    connect(m_botoes[m_indiceFechar], &QPushButton::clicked, this, [this] {
+        if (m_iCancelar == m_indiceFechar && estado() != Estado::Navegacao)
+            incluirOuCancelar();
+        else
+            fechar();
+    });
     for (const CampoCadastro& c : std::as_const(m_campos))
         preparaCampo(c);
     if (m_def.buscaViva)
@@ -351,13 +382,17 @@ void TelaCadastro::ajustaBotoes()
     }
     m_botoes[0]->setText(Incluir);
     m_botoes[0]->setToolTip(QStringLiteral("Inclui novo cadastro"));
-    m_botoes[1]->setText(Excluir);
-    m_botoes[1]->setToolTip(QStringLiteral("Exclui cadastro do banco de dados."));
+    m_botoes[0]->setEnabled(true);
+    if (m_iCancelar != 0 && m_indiceFechar >= 0)
+        m_botoes[m_iCancelar]->setText(m_textoFechar);
+    m_botoes[m_iGravar]->setText(Excluir);
+    m_botoes[m_iGravar]->setToolTip(QStringLiteral("Exclui cadastro do banco de dados."));
 }
 
 void TelaCadastro::incluirOuCancelar()
 {
-    if (m_botoes[0]->text() == Incluir) {
+    const bool incluindo = m_iCancelar == 0 ? m_botoes[0]->text() == Incluir : estado() == Estado::Navegacao;
+    if (incluindo) {
         m_carregando = true;
         limpaCampos();
         m_carregando = false;
@@ -369,11 +404,7 @@ void TelaCadastro::incluirOuCancelar()
                 c.widget->setFocus();
                 break;
             }
-        m_botoes[0]->setText(Cancelar);
-        m_botoes[0]->setToolTip(m_def.dicaCancelar);
-        m_botoes[1]->setText(Salvar);
-        m_botoes[1]->setToolTip(m_def.dicaSalvar);
-        m_botoes[1]->setEnabled(true);
+        captionsEdicao();
         return;
     }
     m_novo = m_alterado = false;
@@ -397,11 +428,7 @@ void TelaCadastro::novoRegistro()
 void TelaCadastro::marcaAlterado()
 {
     m_alterado = true;
-    m_botoes[0]->setText(Cancelar);
-    m_botoes[0]->setToolTip(m_def.dicaCancelar);
-    m_botoes[1]->setText(Salvar);
-    m_botoes[1]->setToolTip(m_def.dicaSalvar);
-    m_botoes[1]->setEnabled(true);
+    captionsEdicao();
 }
 
 bool TelaCadastro::precisaSenha() const
@@ -425,7 +452,7 @@ void TelaCadastro::salvarOuExcluir()
         pedeSenha();
         return;
     }
-    if (m_botoes[1]->text() == Salvar) {
+    if (m_botoes[m_iGravar]->text() == Salvar) {
         const bool ok = salvar();
         if (m_fecharAposSalvar) {
             m_fecharAposSalvar = false;
@@ -668,7 +695,7 @@ void TelaCadastro::closeEvent(QCloseEvent* e)
         e->ignore();
         return;
     }
-    if (m_botoes[1]->text() != Salvar)
+    if (m_botoes[m_iGravar]->text() != Salvar)
         marcaAlterado();
     if (salvar()) {
         m_fechando = true;

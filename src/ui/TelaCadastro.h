@@ -116,6 +116,10 @@ protected:
     // screen names another with definirBotaoFechar.
     QPushButton* adicionaBotao(const QString& texto, const QString& dica = {});
     void definirBotaoFechar(int indice) { m_indiceFechar = indice; }
+    // A screen whose row of buttons is laid out otherwise (new on 0, save/delete on 2,
+    // leave/cancel on 4) names where save and cancel live once its buttons are added; a
+    // cancel on the close button turns its caption while a record is typed.
+    void posicionaAcoes(int indiceGravar, int indiceCancelar);
     // Connects, paints, opens the rows and sets the buttons. False when the store can't
     // be opened (the notice that leads to the reconnection has been shown).
     bool iniciar();
@@ -177,6 +181,7 @@ private:
     bool moveChave(qint64 chave);
     QWidget* ultimoMultilinha() const;
     const QString& colunaOrdem() const;
+    void captionsEdicao();
 
     DefCadastro m_def;
     QList<CampoCadastro> m_campos;
@@ -194,5 +199,8 @@ private:
     Condicao m_filtroBusca;
     int m_total = 0;
     int m_indiceFechar = -1;
+    int m_iGravar = 1;
+    int m_iCancelar = 0;
+    QString m_textoFechar;
     bool m_centrada = false;
 };

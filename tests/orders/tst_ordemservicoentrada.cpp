@@ -297,13 +297,12 @@ private slots:
         QCOMPARE(abertos, QStringList{arquivo});
     }
 
-    void clienteEVisitaSoComONome()
+    void clienteSoComONome()
     {
         // Boxes never typed into are stored as empty text: the columns take no NULL.
         EntradaRegras::ClienteBalcao c;
         c.NomeCliente = "SO NOME";
         QCOMPARE(EntradaRegras::gravarClienteNovo(b->banco(), c), qint64(1));
-        QCOMPARE(EntradaRegras::pedirVisita(b->banco(), QString(), "SO NOME", QString(), 0), qint64(1));
         QCOMPARE(escalar("SELECT Endereco FROM Cliente").toString(), QString(""));
     }
 
@@ -676,15 +675,41 @@ private slots:
         Conexoes::aoFalhar({});
     }
 
-    void visitaPedidaComProximoCodigo()
+    void visitaDaEntrada_data()
     {
+        QTest::addColumn<bool>("direito");
+        QTest::newRow("with the right the order is stored first") << true;
+        QTest::newRow("without it nothing is stored") << false;
+    }
+    void visitaDaEntrada()
+    {
+        QFETCH(bool, direito);
         b->banco().executar("INSERT INTO VisitaTecnico (CodManu, NomeCliente) VALUES (41, 'X')");
+        sessao().DireitoOsEntAl = direito ? 1 : 0;
         abre();
         novaOrdem("ANA");
-        Dialogos::Roteiro::responderSim();
-        tela->pedirVisita();
-        QVERIFY(Dialogos::Roteiro::contem("OS de visita nº  42"));
+        QVERIFY(botao(5)->isEnabled());
+        if (direito)
+            Dialogos::Roteiro::responderSim();
+        QTest::mouseClick(botao(5), Qt::LeftButton);
+        if (!direito) {
+            QVERIFY(RegistroTelas::aberta("Negado"));
+            QCOMPARE(contar("VisitaTecnico"), 1);
+            QCOMPARE(contar("OrdemServico"), 0);
+            return;
+        }
+        QVERIFY2(Dialogos::Roteiro::contem("OS de visita nº  42"), qPrintable(Dialogos::Roteiro::ultimoTexto()));
+        QCOMPARE(contar("OrdemServico"), 1);
+        const QString codOs = escalar("SELECT CodOs FROM OrdemServico").toString();
+        QCOMPARE(escalar("SELECT Solicitacao FROM VisitaTecnico WHERE CodManu = 42").toString(),
+                 "Ordem de Serviço de entrada nº " + codOs + "\nBuscar aparelho para conserto");
         QCOMPARE(escalar("SELECT EndTel FROM VisitaTecnico WHERE CodManu = 42").toString(), QString("RUA DAS FLORES"));
+        QCOMPARE(escalar("SELECT ChamadoTecnico FROM OrdemServico").toInt(), 0);
+        // Pressed again for the same stored order, no second order is made.
+        Dialogos::Roteiro::responderSim();
+        QTest::mouseClick(botao(5), Qt::LeftButton);
+        QCOMPARE(contar("OrdemServico"), 1);
+        QCOMPARE(contar("VisitaTecnico"), 3);
     }
 
     void duasEstacoesNumeramSemRepetir_data() { linhasMotores(); }
