@@ -62,6 +62,11 @@ Banco::Banco(ConfigBanco config) : m_config(std::move(config))
     Conexoes::registrar(this);
 }
 
+// A kept statement is shared with the query handed to the caller: the same prepared
+// result, so copies of QSqlQuery are made on purpose here, where Qt would warn of them.
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_DEPRECATED
+
 namespace {
 
 // A kept statement can run again once nobody reads its rows any more: it wrote, it was
@@ -210,6 +215,8 @@ bool Banco::rodar(QSqlQuery& q, const QString& sql, const QVariantList& valores,
         *detalhe = q.lastError().text();
     return ok;
 }
+
+QT_WARNING_POP
 
 bool Banco::conexaoPerdida(const QString& detalhe) const
 {

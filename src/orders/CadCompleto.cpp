@@ -1,4 +1,6 @@
 #include "orders/CadCompleto.h"
+#include "orders/BotaoAviso.h"
+#include "orders/ListaAvisos.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -272,6 +274,7 @@ void CadCompleto::mostra(const Ordem& o)
     mostraListas();
     mostraBanda();
     mostraHistorico();
+    mostraAvisos();
     m_botoes[2]->setText(o.ChamadoTecnico ? QStringLiteral("&Retirado") : QStringLiteral("&Retirar"));
     m_rotuloEntrega->setText(o.ChamadoTecnico ? QStringLiteral("Dia retirar:") : QStringLiteral("Entregar Dia:"));
     m_rotuloContato->setText(o.ChamadoTecnico ? QStringLiteral("Hora combinada") : QStringLiteral("Data Contato:"));
@@ -318,6 +321,14 @@ void CadCompleto::pisca()
     m_pisca = !m_pisca;
     // Green (65280) and yellow (65535) in turn.
     pintaFundo(m_banda, m_pisca ? QColor(255, 255, 0) : QColor(0, 255, 0));
+}
+
+void CadCompleto::mostraAvisos()
+{
+    if (!m_banco)
+        return;
+    m_avisar->defineOrdem(*m_banco, m_ordem.CodOsAut, AvisoCliente::sugerida(m_ordem));
+    m_avisos->mostrar(*m_banco, m_ordem.CodOsAut);
 }
 
 void CadCompleto::mostraHistorico()

@@ -27,6 +27,9 @@ class QTabWidget;
 class QTimer;
 struct Recusa;
 
+class BotaoAviso;
+class ListaAvisos;
+
 // The whole order on one form, for the shop where one person takes the appliance in,
 // repairs it and hands it back. It is the record of the intake, bench and delivery
 // screens: every rule (numbering, transitions, locks, money, stock) is the order
@@ -85,6 +88,7 @@ private:
     void mostra(const Ordem& o);
     void mostraBanda();
     void mostraHistorico();
+    void mostraAvisos();
     void poeTitulo();
     void limpa(bool manterCliente);
     bool marcaAlterado();
@@ -177,6 +181,8 @@ private:
     QTimer* m_avisaOrcamento = nullptr;
     FotoCadastro* m_fotos = nullptr;
     QTableWidget* m_historico = nullptr;
+    ListaAvisos* m_avisos = nullptr;
+    BotaoAviso* m_avisar = nullptr;
     QTableWidget* m_lPeca = nullptr;
     QTableWidget* m_lExec = nullptr;
     QTableWidget* m_lServ = nullptr;

@@ -22,6 +22,8 @@
 #include <QVBoxLayout>
 
 #include "orders/CadCompleto.h"
+#include "orders/BotaoAviso.h"
+#include "orders/ListaAvisos.h"
 #include "data/Sessao.h"
 #include "registers/CamposDocumento.h"
 
@@ -388,8 +390,23 @@ QWidget* CadCompleto::montaLateral()
     m_historico->setColumnHidden(6, true);
     m_historico->horizontalHeader()->setStretchLastSection(true);
     v->addWidget(m_historico, 2);
-    // Room for another short list of the customer.
-    v->addStretch(1);
+    // Who was told what about this order, and the button that tells the customer now.
+    auto* avisos = new QHBoxLayout;
+    avisos->addWidget(new QLabel(QStringLiteral("Avisos ao cliente"), w));
+    avisos->addStretch();
+    m_avisar = new BotaoAviso(w);
+    avisos->addWidget(m_avisar);
+    v->addLayout(avisos);
+    m_avisos = new ListaAvisos(w);
+    m_avisos->setMaximumHeight(90);
+    v->addWidget(m_avisos, 1);
+    connect(m_avisar, &BotaoAviso::avisado, this, [this](qint64, const QString& data) {
+        // The contact the notice kept is the stored one: the next save must not take it for
+        // another station's change.
+        AvisoCliente::adotarContato(m_ordem, data);
+        AvisoCliente::adotarContato(m_guardada, data);
+        mostraAvisos();
+    });
     auto* fotos = new QGroupBox(QStringLiteral("Imagens do aparelho"), w);
     fotos->setObjectName(QStringLiteral("FrameImagem"));
     auto* g = new QGridLayout(fotos);

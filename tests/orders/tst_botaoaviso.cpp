@@ -11,6 +11,7 @@
 #include "data/Esquema.h"
 #include "documents/Visualizador.h"
 #include "orders/BotaoAviso.h"
+#include "orders/CadCompleto.h"
 #include "orders/OrdemServicoSaida.h"
 #include "orders/OrdemServicoTecnico.h"
 #include "orders/Pendencia.h"
@@ -38,6 +39,11 @@ class TstBotaoAviso : public QObject {
     {
         if (onde == "bancada") {
             auto* t = qobject_cast<OrdemServicoTecnico*>(RegistroTelas::abrir("OrdemServicoTecnico"));
+            QVERIFY(t);
+            t->abreOrdem({{"CodOsAut", chave}});
+            tela = t;
+        } else if (onde == "completa") {
+            auto* t = qobject_cast<CadCompleto*>(RegistroTelas::abrir("CadCompleto"));
             QVERIFY(t);
             t->abreOrdem({{"CodOsAut", chave}});
             tela = t;
@@ -88,7 +94,7 @@ private slots:
         QTest::addColumn<QString>("canal");  // "" nothing can be opened
         const QList<QPair<QString, int>> motores = {{"sqlite", int(Motor::SQLite)}, {"postgres", int(Motor::PostgreSQL)}};
         for (const auto& [nomeMotor, m] : motores)
-            for (const char* onde : {"bancada", "painel", "entrega"}) {
+            for (const char* onde : {"bancada", "painel", "entrega", "completa"}) {
                 QTest::addRow("%s %s: cellular", qPrintable(nomeMotor), onde) << m << onde << "11987654321" << "" << "WhatsApp";
                 if (m == int(Motor::SQLite)) {
                     QTest::addRow("%s %s: e-mail only", qPrintable(nomeMotor), onde) << m << onde << "" << "carla@casa.com" << "E-mail";
@@ -140,7 +146,7 @@ private slots:
         QCOMPARE(escalar("SELECT DataContato FROM OrdemServico WHERE CodOsAut = ?", {chave}).toString(), Datas::hoje());
         QVERIFY(Dialogos::Roteiro::registros().isEmpty());
 
-        if (onde == "bancada") {
+        if (onde == "bancada" || onde == "completa") {
             auto* lista = tela->findChild<QListWidget*>("ListaAvisos");
             QCOMPARE(lista->count(), 1);
             QVERIFY2(QRegularExpression(QString("^%1 %2 \\d\\d:\\d\\d ANA - Aguardando peça$")
@@ -148,14 +154,16 @@ private slots:
                          .match(lista->item(0)->text())
                          .hasMatch(),
                      qPrintable(lista->item(0)->text()));
-            // The bench's own save after the notice is not taken for another station's change.
-            auto* t = qobject_cast<OrdemServicoTecnico*>(tela);
-            QVERIFY(t->ordem().Contato);
-            QVERIFY(t->salvar());
+            // The screen's own save after the notice is not taken for another station's change.
+            if (auto* t = qobject_cast<OrdemServicoTecnico*>(tela)) {
+                QVERIFY(t->ordem().Contato);
+                QVERIFY(t->salvar());
+            } else {
+                auto* c = qobject_cast<CadCompleto*>(tela);
+                QVERIFY(c->ordem().Contato);
+                c->salvar();
+            }
             QVERIFY(!Dialogos::Roteiro::contem("alterad"));
-        } else if (onde == "painel") {
-            QCOMPARE(tela->findChild<QTableWidget*>("Grade")->item(0, 6)->text(),
-                     QDate::currentDate().toString("dd/MM/yyyy"));
         } else if (onde == "painel") {
             QCOMPARE(tela->findChild<QTableWidget*>("Grade")->item(0, 6)->text(),
                      QDate::currentDate().toString("dd/MM/yyyy"));
@@ -171,7 +179,7 @@ private slots:
         QVERIFY(b->pronto());
         ApoioOrdens::sessaoCompleta();
         const qint64 chave = ordem("11987654321", "");
-        for (const QString onde : {"bancada", "entrega", "painel"}) {
+        for (const QString onde : {"bancada", "entrega", "painel", "completa"}) {
             abre(onde, chave);
             QVERIFY(tela->findChild<BotaoAviso*>("BotaoAviso")->isHidden());
         }

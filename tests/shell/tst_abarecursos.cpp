@@ -1,5 +1,6 @@
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
@@ -9,6 +10,7 @@
 #include "apoio/BancoTeste.h"
 #include "shell/ConfiguraSistema.h"
 #include "shell/LeEmpresa.h"
+#include "shell/RecursosAviso.h"
 #include "ui/Dialogos.h"
 
 // The "Recursos" tab: PIX and the 80 mm roll saved with the rest of the configuration, a
@@ -180,6 +182,33 @@ private slots:
         QCOMPARE(sessao().CfgPixAtivo, QString("False"));
         QCOMPARE(sessao().CfgReciboBobina, QString("False"));
         QCOMPARE(sessao().CfgPixNome, QString("ELETRO SÃO JORGE"));
+    }
+
+    // The notices' box on the same tab: read with the screen, written by its save, and a
+    // template too long stops the whole save with nothing written.
+    void avisosComOResto()
+    {
+        QWidget* t = abre();
+        auto* ativo = w<QCheckBox>(t, "ChkAvisoAtivo");
+        QVERIFY(!ativo->isChecked());
+        ativo->click();
+        escreve(t, "PixCidade", "RECIFE");
+        w<QPushButton>(t, "Botao(0)")->click();
+        QCOMPARE(empresa("AvisoAtivo").toInt(), -1);
+        QCOMPARE(empresa("PixCidade").toString(), QString("RECIFE"));
+        RegistroTelas::fecharTodas();
+        t = abre();
+        QVERIFY(w<QCheckBox>(t, "ChkAvisoAtivo")->isChecked());
+
+        w<QCheckBox>(t, "ChkAvisoAtivo")->click();
+        escreve(t, "PixCidade", "OLINDA");
+        auto* modelo = w<RecursosAviso>(t, {})->findChildren<QPlainTextEdit*>().value(0);
+        QVERIFY(modelo);
+        modelo->setPlainText(QString(1500, 'x'));
+        w<QPushButton>(t, "Botao(0)")->click();
+        QVERIFY(Dialogos::Roteiro::contem("o limite é 1000"));
+        QCOMPARE(empresa("AvisoAtivo").toInt(), -1);
+        QCOMPARE(empresa("PixCidade").toString(), QString("RECIFE"));
     }
 };
 
