@@ -157,13 +157,13 @@ QList<DefTabela> monta()
         "CodCliente CodVenda:T:X NomeCliente:T:MX ValorParcela:D ValorTotal:D NumeroParcela DataCompra:Dt:X "
         "DataVencimento:Dt:X TipoVenda TipoPagamento Funcionario Pendurado:I DataPagamento:Dt "
         "TipoRecebimento ValorRecebido:D Observacao Quitado:F ValorTroco:D taxaJuros",
-        {{"Quitado", "DataVencimento"}, {"Quitado", "DataCompra"}});
+        {{"Quitado", "DataVencimento"}, {"Quitado", "DataCompra", "DataVencimento"}});
 
     t << tabela("ContasPagar", "Codigo",
         "Codigo:A CodFor CodCod Fornecedor:T:MX CodDoc TipoConta Referente QtDias:I ValorTotal:D "
         "ValorParcela:D ValorEntrada:D NumeroParcela DataCompra:Dt:X DataVencimento:Dt:X DataPagamento:Dt "
         "ValorPago:D TipoPagamento Observacao Quitado:F Funcionario",
-        {{"Quitado", "DataVencimento"}, {"Quitado", "DataCompra"}});
+        {{"Quitado", "DataVencimento"}, {"Quitado", "DataCompra", "DataVencimento"}});
 
     t << tabela("CadastroCheque", "Chave",
         "Codcadastro:I:X CodVenda CodCliente:T:P NomeCliente:T:P CPFCNPJCliente TelCel NomeBanco "

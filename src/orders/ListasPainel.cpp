@@ -1,5 +1,7 @@
 #include "orders/ListasPainel.h"
 
+#include <algorithm>
+
 #include <QSqlQuery>
 
 #include "data/Banco.h"
@@ -111,9 +113,17 @@ QList<LinhaPainel> linhas(Banco& banco, Lista l)
     QList<LinhaPainel> r;
     if (l == Lista::Visita) {
         const Condicao v = condicaoVisitas();
-        QSqlQuery q = banco.executar(QStringLiteral("SELECT CodManu,NomeCliente,DataSolicitada,HoraSolicitada "
-                                                    "FROM VisitaTecnico WHERE %1 ORDER BY DataSolicitada, Chave")
+        // Sorted here, not by the engine: asked for the day's order, SQLite walks the whole
+        // table by its day index instead of the few open visits by theirs.
+        QSqlQuery q = banco.executar(QStringLiteral("SELECT CodManu,NomeCliente,DataSolicitada,HoraSolicitada,Chave "
+                                                    "FROM VisitaTecnico WHERE %1")
                                          .arg(v.sql), v.valores);
+        struct Visita {
+            QString dia;
+            qint64 chave;
+            LinhaPainel linha;
+        };
+        QList<Visita> visitas;
         while (q.next()) {
             LinhaPainel p;
             p.visita = true;
@@ -122,8 +132,13 @@ QList<LinhaPainel> linhas(Banco& banco, Lista l)
             p.Tipo = QStringLiteral("Visita");
             p.HoraSolicitada = q.value(3).toString();
             p.DiaPrometido = diaComHora(q.value(2).toString(), p.HoraSolicitada);
-            r.append(std::move(p));
+            visitas.append({q.value(2).toString(), q.value(4).toLongLong(), std::move(p)});
         }
+        std::sort(visitas.begin(), visitas.end(), [](const Visita& a, const Visita& b) {
+            return a.dia != b.dia ? a.dia < b.dia : a.chave < b.chave;
+        });
+        for (Visita& v : visitas)
+            r.append(std::move(v.linha));
     }
     for (const Condicao& c : condicoes(l)) {
         QSqlQuery q = banco.executar(consulta(l, c), c.valores);
