@@ -292,7 +292,6 @@ Lista ler(Banco& banco, const Consulta& c)
     QSqlQuery q = banco.executar(QStringLiteral("%1 WHERE %2 ORDER BY %3")
                                      .arg(det ? SelecaoDetalhe : SelecaoResumo, c.onde, c.ordem),
                                  c.valores);
-    q.setForwardOnly(true);
     Percurso percurso(c.visao);
     while (q.next()) {
         Linha l = linhaDe(q, det);
