@@ -262,6 +262,18 @@ private slots:
         QCOMPARE(escalar("SELECT COUNT(*) FROM VisitaTecnico").toInt(), 0);
     }
 
+    // A labour amount that can't be read is refused by the register's check, never kept as 0,00.
+    void maoObraIlegivelNaoGrava()
+    {
+        abre();
+        QTest::mouseClick(botao(0), Qt::LeftButton);
+        digita(campo("NomeCliente"), "RUI");
+        campo("MaoObra")->setText("4O,00");
+        salva();
+        QVERIFY2(Dialogos::Roteiro::contem("Valor inválido"), qPrintable(Dialogos::Roteiro::ultimoTexto()));
+        QCOMPARE(escalar("SELECT COUNT(*) FROM VisitaTecnico").toInt(), 0);
+    }
+
     void duasEstacoesNumeramSemRepetir_data() { linhasMotores(); }
     void duasEstacoesNumeramSemRepetir()
     {
