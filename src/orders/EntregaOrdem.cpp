@@ -16,8 +16,10 @@ qint64 contarVivas(Banco& banco)
 
 std::optional<qint64> primeiraViva(Banco& banco)
 {
+    // "+Excluidos": the order's number leads, not an index that holds Excluidos (see the
+    // registers' navigation).
     const QVariant v = banco.escalar(
-        QStringLiteral("SELECT CodOsAut FROM OrdemServico WHERE Excluidos = 0 ORDER BY CodOs, CodOsAut LIMIT 1"));
+        QStringLiteral("SELECT CodOsAut FROM OrdemServico WHERE +Excluidos = 0 ORDER BY CodOs, CodOsAut LIMIT 1"));
     if (v.isNull())
         return std::nullopt;
     return v.toLongLong();
