@@ -189,7 +189,10 @@ bool Banco::rodar(QSqlQuery& q, const QString& sql, const QVariantList& valores,
         if (mudaEsquema(sql))
             esquecePreparadas(this);  // a kept SELECT * would still describe the old columns
     } else {
-        const bool guarda = m_config.motor == Motor::PostgreSQL;
+        // A pattern finds a handful of rows or nearly all of them, and the plan kept with a
+        // statement is the same for every value: such statements are prepared afresh, so
+        // the engine plans each search for its own text.
+        const bool guarda = m_config.motor == Motor::PostgreSQL && !sql.contains(QLatin1String(" LIKE "), Qt::CaseInsensitive);
         QHash<QString, QSqlQuery>* minhas = guarda ? preparadasDe(this) : nullptr;
         const auto kept = minhas ? minhas->constFind(sql) : QHash<QString, QSqlQuery>::const_iterator();
         if (minhas && kept != minhas->constEnd() && livre(*kept)) {

@@ -92,4 +92,14 @@ void BancoPostgres::criarIndicesBusca(const DefTabela& t)
         if (c.meio)
             executar(QStringLiteral("CREATE INDEX IF NOT EXISTS %1_%2_tri ON %1 USING gin (%2 gin_trgm_ops)")
                          .arg(t.nome, c.nomeDobrado()));
+    if (t.nome == QLatin1String("Produto")) {
+        // Every stock move rewrites a product, and a price adjustment rewrites them all.
+        // Room left on each page keeps the new version beside the old one, where the
+        // engine needn't touch the product's fifteen indexes (four of them trigram ones).
+        const QString opcoes = escalar(QStringLiteral("SELECT COALESCE(array_to_string(reloptions, ','), '') "
+                                                      "FROM pg_class WHERE oid = to_regclass(lower(?))"),
+                                       {t.nome}).toString();
+        if (!opcoes.contains(QLatin1String("fillfactor")))
+            executar(QStringLiteral("ALTER TABLE %1 SET (fillfactor = 70)").arg(t.nome));
+    }
 }

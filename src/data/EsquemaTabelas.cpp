@@ -179,7 +179,10 @@ QList<DefTabela> monta()
         "QuantidadeReservada:Q Fabricante:T:P Revendedor:T:P NotaFiscal:T:P DataCompra PrecoCusto:D PrecoVenda:D "
         "PrecoMinimo:D PorcentagemLucro LucroMinimo ValorComissao AtivaComissao:F Observacao Categoria "
         "Aliquota DescricaoAliquota CodNCM GrupoProduto SubGrupoProduto Unidade FotoImagem KitProduto:F "
-        "Excluidos:F CodOriginal:T:PM Modulo:T:P ValorDesconto:D");
+        "Excluidos:F CodOriginal:T:PM Modulo:T:P ValorDesconto:D",
+        // The search's order: a text of one or two letters, found in most descriptions,
+        // reads its first page walking this index instead of sorting every product.
+        {{"Descricao", "CodPecAut"}});
 
     t << tabela("kitVenda", "Chave",
         "CodKit:T:X codpeca Descricao Quantidade:Q ValorVenda:D ValorTotal:D Fornecedor");

@@ -166,6 +166,45 @@ private slots:
         QCOMPARE(depois.value("NomeUsuario").toString(), QString("ANA2"));
     }
 
+    void servidorPlanejaCadaPadrao_data()
+    {
+        QTest::addColumn<int>("motor");
+        QTest::newRow("PostgreSQL") << int(Motor::PostgreSQL);
+    }
+    void servidorPlanejaCadaPadrao()
+    {
+        BANCO_DO_MOTOR(b);
+        const DefTabela& produto = *Esquema::tabela("Produto");
+        for (const char* d : {"TV SUPORTE", "CABO", "TV CONTROLE"})
+            b->inserir(produto, {"Descricao"}, {QString(d)});
+        auto guardadas = [&](const QString& trecho) {
+            return b->escalar("SELECT COUNT(*) FROM pg_prepared_statements WHERE statement LIKE ?",
+                              {"%" + trecho + "%"}).toInt();
+        };
+        // A lookup by key stays prepared; a pattern is prepared for each text, so a text
+        // found everywhere and one found nowhere each get a plan of their own.
+        for (int i = 0; i < 8; ++i)
+            QCOMPARE(b->escalar("SELECT Descricao FROM Produto WHERE CodPecAut = ?", {1}).toString(), QString("TV SUPORTE"));
+        QCOMPARE(guardadas("WHERE CodPecAut = $1"), 1);
+        const QString busca = "SELECT COUNT(*) FROM Produto WHERE Descricao_b LIKE ? ESCAPE '\\'";
+        for (int i = 0; i < 8; ++i) {
+            QCOMPARE(b->escalar(busca, {QString("%TV%")}).toInt(), 2);
+            QCOMPARE(b->escalar(busca, {QString("%XYZ%")}).toInt(), 0);
+        }
+        QCOMPARE(guardadas("Descricao_b LIKE $1"), 0);
+
+        // Products are rewritten by every stock move: their pages keep room for the new
+        // version, and a store made before that gets it at its next start.
+        auto opcoes = [&] {
+            return b->escalar("SELECT array_to_string(reloptions, ',') FROM pg_class WHERE relname = 'produto'").toString();
+        };
+        QCOMPARE(opcoes(), QString("fillfactor=70"));
+        b->executar("ALTER TABLE Produto RESET (fillfactor)");
+        QCOMPARE(opcoes(), QString());
+        b->garantirEsquema();
+        QCOMPARE(opcoes(), QString("fillfactor=70"));
+    }
+
     void bancoAntigoGanhaColunas_data() { linhasMotores(); }
     void bancoAntigoGanhaColunas()
     {
