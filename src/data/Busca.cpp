@@ -228,5 +228,6 @@ Condicao porEstado(const QStringList& colunas, const QList<int>& valores, bool e
 
 Condicao soVivos() { return porEstado({QStringLiteral("Excluidos")}, {0}); }
 Condicao soExcluidos() { return porEstado({QStringLiteral("Excluidos")}, {-1}); }
+Condicao vivosPelaOrdem() { return Condicao(QStringLiteral("+Excluidos = 0")); }
 
 }

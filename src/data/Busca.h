@@ -66,6 +66,13 @@ Condicao porEstado(const QStringList& colunas, const QList<int>& valores, bool e
 Condicao soVivos();
 Condicao soExcluidos();
 
+// Live rows for a screen that walks its own order to its first row (a register's
+// navigation, the order screens' first order). Nearly every row is live: written so that
+// no index serves it, the engine follows the order's index and steps over the few deleted
+// rows, instead of reading a million orders through an index that holds Excluidos (which
+// sampled statistics can make look cheapest) and sorting them for one.
+Condicao vivosPelaOrdem();
+
 // Escapes a typed text for a LIKE with ESCAPE '\\'; wildcards kept when `manterCuringas`.
 QString escapaLike(const QString& texto, bool manterCuringas);
 

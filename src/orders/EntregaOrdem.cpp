@@ -1,6 +1,7 @@
 #include "orders/EntregaOrdem.h"
 
 #include "data/Banco.h"
+#include "data/Busca.h"
 #include "data/FuncoesMascaras.h"
 #include "orders/Ordem.h"
 
@@ -16,10 +17,10 @@ qint64 contarVivas(Banco& banco)
 
 std::optional<qint64> primeiraViva(Banco& banco)
 {
-    // "+Excluidos": the order's number leads, not an index that holds Excluidos (see the
-    // registers' navigation).
+    const Condicao vivas = Busca::vivosPelaOrdem();
     const QVariant v = banco.escalar(
-        QStringLiteral("SELECT CodOsAut FROM OrdemServico WHERE +Excluidos = 0 ORDER BY CodOs, CodOsAut LIMIT 1"));
+        QStringLiteral("SELECT CodOsAut FROM OrdemServico WHERE %1 ORDER BY CodOs, CodOsAut LIMIT 1").arg(vivas.sql),
+        vivas.valores);
     if (v.isNull())
         return std::nullopt;
     return v.toLongLong();

@@ -221,10 +221,7 @@ Condicao TelaCadastro::filtro() const
     if (!m_filtroBusca.sql.isEmpty())
         return m_filtroBusca;
     if (m_def.soVivos && !m_incluiExcluidos)
-        // Nearly every row is live. Written so that no index serves it, the engine walks
-        // the screen's order and steps over the few deleted rows, instead of reading a
-        // million orders through an index that holds Excluidos and sorting them for one.
-        return {QStringLiteral("+Excluidos = 0"), {}};
+        return Busca::vivosPelaOrdem();
     return {};
 }
 
